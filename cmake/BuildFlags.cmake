@@ -1,0 +1,29 @@
+# One set of flags for everything that is built here: warnings as errors while developing, and the
+# sanitizers or coverage when asked for.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_C_STANDARD 99)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+# Floating-point results are part of the interface: no fused or reassociated arithmetic.
+add_compile_options($<$<NOT:$<CXX_COMPILER_ID:MSVC>>:-ffp-contract=off>)
+
+if(QVSLM_DEVELOP AND NOT MSVC)
+  add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+endif()
+
+if(QVSLM_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(QVSLM_COVERAGE)
+  add_compile_options(--coverage -O0)
+  add_link_options(--coverage)
+endif()
