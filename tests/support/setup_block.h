@@ -1,0 +1,48 @@
+// Setup blocks, the bodies of 'M' items, for the tests of their records.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "tests/support/record_image.h"
+
+namespace test {
+
+constexpr int kSetupItem = 77;  // 'M'
+constexpr std::size_t kSetupSize = 219;
+constexpr std::size_t kSetupSize431 = 186;
+constexpr std::size_t kSetupModePosition = 39;
+
+// A block in which the byte at each position is the position itself, but for the mode.
+inline samples::Body NumberedSetup(int mode, std::size_t size = kSetupSize) {
+  samples::Body body;
+  for (std::size_t position = 0; position < size; ++position) body.U8(static_cast<int>(position));
+  return body.Set(kSetupModePosition, {mode});
+}
+
+// A block of zeros but for the mode.
+inline samples::Body EmptySetup(int mode, std::size_t size = kSetupSize) {
+  return samples::Body().Fill(size).Set(kSetupModePosition, {mode});
+}
+
+// The 304 bytes that every form begins with, for a numbered block at site 7.
+inline RecordImage NumberedSetupImage(int code, int model, int mode, std::size_t size = 304) {
+  RecordImage image(size);
+  image.U16(0, code).U16(2, 7).U16(10, model).U16(12, 0);
+  for (std::size_t i = 0; i < 8; ++i) image.U8(14 + i, static_cast<int>(1 + i));
+  for (std::size_t i = 0; i < 30; ++i) image.U8(24 + i, static_cast<int>(9 + i));
+  return image.U16(56, mode).U16(58, 40).U16(60, 41);
+}
+
+// A u16 field of the record and the block position that it shows.
+struct ByteRow {
+  int Offset;
+  int Position;
+};
+
+struct TextRow {
+  int Offset;
+  std::string_view Text;
+};
+
+}  // namespace test
