@@ -1,0 +1,53 @@
+#include "dump.h"
+
+#include <algorithm>
+
+#include "errors.h"
+#include "record_json.h"
+#include "walk.h"
+
+namespace host {
+namespace {
+
+bool IsWanted(std::string_view record, const std::vector<std::string>& names) {
+  return names.empty() || std::find(names.begin(), names.end(), record) != names.end();
+}
+
+std::string Line(const Translation& translation, const record_fields::RecordInfo& info,
+                 bool isShort, const std::string& fileName) {
+  Json json = RecordJson(info, translation.Record());
+  if (isShort) json["short"] = true;
+  if (!fileName.empty()) json["file"] = fileName;
+  constexpr int oneLine = -1;
+  // A file name may be no UTF-8.
+  return json.dump(oneLine, ' ', false, Json::error_handler_t::replace);
+}
+
+}  // namespace
+
+Outcome Dump(const std::string& fileName, const DumpOptions& options, Output& output) {
+  try {
+    InputFile const file(fileName);
+    Translation translation(file);
+    Progress progress(fileName);
+    std::uint64_t written = 0;
+    auto const write = [&](bool isShort) {
+      const record_fields::RecordInfo* const info = translation.Info();
+      if (info != nullptr && IsWanted(info->name, options.records)) {
+        if (output.IsTerminal()) progress.Wipe();
+        if (!output.Line(
+                Line(translation, *info, isShort, options.nameFile ? fileName : std::string()))) {
+          return false;
+        }
+        ++written;
+      }
+      return !options.limit || written < *options.limit;
+    };
+    return Walk(translation, file, {.census = options.census}, progress, write).outcome;
+  } catch (const FileError& fault) {
+    Report(fileName, fault.what(), fault.Code());
+    return Outcome::NothingReadable;
+  }
+}
+
+}  // namespace host

@@ -1,0 +1,28 @@
+// What went wrong, in words, on stderr.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace host {
+
+// A file that cannot even be handed to the library.
+class FileError : public std::runtime_error {
+ public:
+  FileError(const std::string& what, int code) : std::runtime_error(what), code_(code) {}
+  int Code() const { return code_; }
+
+ private:
+  int code_;
+};
+
+// Prints "qvslm: FILE: what happened (code)".
+void Report(const std::string& file, const std::string& what, int code);
+
+// What a negative status means: of QV_StartTranslate (and of QV_ReadFileHeader), of
+// QV_TranslateNextRec, of QV_GetRecordCount.
+std::string WhatStartMet(int status);
+std::string WhatWalkMet(int status);
+std::string WhatCensusMet(int status);
+
+}  // namespace host

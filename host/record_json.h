@@ -1,0 +1,23 @@
+// A record as a JSON object, field by field as the field table tells.
+#pragma once
+
+#include <cstdint>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "record_info.h"
+
+namespace host {
+
+// Members in the order of the record; numbers with a fraction keep the shortest digits that give
+// the same 32-bit number back.
+using Json = nlohmann::basic_json<nlohmann::ordered_map, std::vector, std::string, bool,
+                                  std::int64_t, std::uint64_t, float>;
+
+// Members "record" and "code", then one for each field that is not reserved. A level without a
+// value and a number that is none are null. A time has a second member, its name behind it with
+// Local: the clock of the measurement, null for no time.
+Json RecordJson(const record_fields::RecordInfo& info, const std::uint8_t* record);
+
+}  // namespace host
