@@ -2,7 +2,7 @@
 
 #include <set>
 
-#include "tests/support/register_rows.h"
+#include "tests/support/results_rows.h"
 
 namespace {
 
@@ -11,15 +11,15 @@ using samples::DataFile;
 using test::Difference;
 using test::Model431;
 using test::RecordImage;
-using test::RegisterRow;
-using test::StoreRow;
+using test::ResultsRow;
+using test::StoreResultsRow;
 using test::Translation;
 
 constexpr std::size_t kSize = 1088;
 
 // Values tell their register: the number with a quarter, its 1001-fold, its text; seconds count
 // from one o'clock, stamps from the start of 2024.
-constexpr RegisterRow kRegisters[] = {
+constexpr ResultsRow kRegisters[] = {
     {5, "01:00:05", 876, 3605.0F},
     {6, "01Jan2024 00:00:06", 904, 1704067206},
     {7, "01:00:07", 880, 3607.0F},
@@ -133,15 +133,15 @@ QvResults431 OneBlock(const DataFile& file) {
 }
 
 // What a line changes beside its own field.
-void StoreSideEffects(RecordImage& image, const RegisterRow& row) {
+void StoreSideEffects(RecordImage& image, const ResultsRow& row) {
   if (row.Number == 6) image.I32(4, std::get<std::int32_t>(row.Stored));
   if (row.Number >= 38 && row.Number <= 43) image.U16(10, 0x0200);
 }
 
 TEST(RBlock431, EachRegisterFillsItsFieldAndNoOther) {
-  for (const RegisterRow& row : kRegisters) {
+  for (const ResultsRow& row : kRegisters) {
     RecordImage image = Results();
-    StoreRow(image, row);
+    StoreResultsRow(image, row);
     StoreSideEffects(image, row);
     Translation const run(Start().R(row.Number, row.Value).EndOfData());
     ASSERT_EQ(run.Codes(), (std::vector<int>{37, 15})) << "register " << row.Number;
@@ -153,8 +153,8 @@ TEST(RBlock431, EachRegisterFillsItsFieldAndNoOther) {
 TEST(RBlock431, AllRegistersTogetherFillTheRecord) {
   RecordImage image = Results();
   DataFile file = Start();
-  for (const RegisterRow& row : kRegisters) {
-    StoreRow(image, row);
+  for (const ResultsRow& row : kRegisters) {
+    StoreResultsRow(image, row);
     StoreSideEffects(image, row);
     file.R(row.Number, row.Value);
   }
@@ -165,7 +165,7 @@ TEST(RBlock431, AllRegistersTogetherFillTheRecord) {
 
 TEST(RBlock431, NumbersThatTheBlockDoesNotKnowAreIgnored) {
   std::set<int> known = {1, 48, 50, 51, 53, 60, 98, 120, 124, 170, 171, 172, 173};
-  for (const RegisterRow& row : kRegisters) known.insert(row.Number);
+  for (const ResultsRow& row : kRegisters) known.insert(row.Number);
   DataFile file = Start();
   for (int number = 0; number < 300; ++number) {
     if (!known.contains(number)) file.R(number, "12.5,34n E");
