@@ -88,7 +88,7 @@ TEST(RBlock442Bands, OctavesOfAShortBandListAreSumsOfZeros) {
 
 TEST(RBlock442Bands, FourthCharacterDashIsNoValue) {
   auto const record =
-      OneBlock(Start().R(171, "---.-,60,60, 60.0,60, ---.-,60,  --,60,999,60,60,60,-60.5,60"));
+      OneBlock(Start().R(171, "----,60,60, 60.0,60, ---.-,60,  --,60,999,60,60, 60.0,-60.5,60"));
   EXPECT_EQ(record.SettingR171[0], kNone);
   EXPECT_EQ(record.SettingR171[1], 60.0F);
   EXPECT_EQ(record.SettingR171[3], 60.0F);
