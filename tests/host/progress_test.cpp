@@ -1,0 +1,97 @@
+// Progress stands on a terminal, and nowhere else.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <pty.h>
+
+#include "tests/host/qvslm_process.h"
+#include "tests/support/translation.h"
+
+namespace {
+
+using samples::Body;
+using samples::DataFile;
+using test::TempFile;
+using testing::HasSubstr;
+using testing::Not;
+
+DataFile Marks(int count) {
+  DataFile file = test::General();
+  for (int i = 0; i < count; ++i) {
+    file.Item(5, Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0));
+  }
+  return file.EndOfData();
+}
+
+// What a command of the shell writes to a terminal of its own.
+std::string OnTerminal(const std::string& command) {
+  int terminal = -1;
+  pid_t const child = forkpty(&terminal, nullptr, nullptr, nullptr);
+  if (child == 0) {
+    alarm(60);
+    execl("/bin/sh", "sh", "-c", command.c_str(), static_cast<char*>(nullptr));
+    _exit(127);
+  }
+  std::string text;
+  char block[4096];
+  ssize_t count;
+  while ((count = read(terminal, block, sizeof block)) > 0) {
+    text.append(block, static_cast<std::size_t>(count));
+  }
+  close(terminal);
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+  return text;
+}
+
+TEST(Progress, StandsOnATerminal) {
+  TempFile const file(Marks(400));
+  for (const char* const command : {" dump ", " info "}) {
+    std::string const text =
+        OnTerminal(std::string(QVSLM_PROGRAM) + command + file.Path() + " > /dev/null");
+    EXPECT_THAT(text, HasSubstr("\r\033[K" + file.Path() + ": counting"));
+    EXPECT_THAT(text, HasSubstr("\r\033[K" + file.Path() + ": 0 %"));
+    EXPECT_THAT(text, HasSubstr("\r\033[K" + file.Path() + ": 50 %"));
+    EXPECT_THAT(text, HasSubstr("\r\033[K" + file.Path() + ": 99 %"));
+    EXPECT_THAT(text, testing::EndsWith("\r\033[K"));  // nothing of it is left
+  }
+}
+
+// Time histories count by their entries: 3000 entries of a stream and 60 marks.
+TEST(Progress, CountsTheEntriesOfStreams) {
+  DataFile file = test::General().Q(81, "1").Stream(6, Body().Fill(3000, 55));
+  for (int i = 0; i < 1000; ++i) {
+    file.Item(5, Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0));
+  }
+  TempFile const stored(file.EndOfData());
+  std::string const text =
+      OnTerminal(std::string(QVSLM_PROGRAM) + " dump --limit 51 " + stored.Path() + " > /dev/null");
+  // The settings and 50 records of 60 entries are 3001 of 4001.
+  EXPECT_THAT(text, HasSubstr(": 75 %"));
+  EXPECT_THAT(text, Not(HasSubstr(": 76 %")));
+}
+
+TEST(Progress, DoesNotMixWithRecordsOnTheSameTerminal) {
+  TempFile const file(Marks(200));
+  std::string const text =
+      OnTerminal(std::string(QVSLM_PROGRAM) + " dump --limit 2 " + file.Path());
+  EXPECT_THAT(text, HasSubstr("%\r\033[K{\"record\":\"LevelMark\""));
+  EXPECT_THAT(text, Not(HasSubstr("%{")));
+}
+
+TEST(Progress, IsSilentWithoutACensus) {
+  TempFile const file(Marks(200));
+  EXPECT_EQ(
+      OnTerminal(std::string(QVSLM_PROGRAM) + " dump --no-census " + file.Path() + " > /dev/null"),
+      "");
+}
+
+TEST(Progress, IsSilentInAPipe) {
+  TempFile const file(Marks(200));
+  EXPECT_EQ(test::RunQvslm({"dump", file.Path()}).err, "");
+  EXPECT_EQ(
+      OnTerminal(std::string(QVSLM_PROGRAM) + " dump " + file.Path() + " 2>&1 >/dev/null | cat"),
+      "");
+}
+
+}  // namespace
