@@ -144,6 +144,10 @@ extern TranslateContext* CurrentContext;
 // Gives every field that does not outlive a file its starting value.
 void ResetContext();
 
+// All FirstOffset... and FetchIndex... to 0; all FirstOffset... to one place in the file.
+void ClearFirstOffsets();
+void SetFirstOffsets(i32 offset);
+
 // Copies ErrorCode to LastError and words it in ErrorText.
 void RaiseError();
 

@@ -3387,8 +3387,8 @@ typedef struct QvSetupNarrow {
   uint16_t SetupByte40;      /* position 40 */
   uint16_t SetupByte75;      /* position 75 */
   uint16_t SetupByte93;      /* position 93 */
-  uint16_t SetupByte47Or78;  /* positions 138 to 139 */
-  uint16_t SetupByte47Bit64; /* position 47 */
+  uint16_t SetupByte47Or78;  /* position 47, flag 128; from firmware above 3.115 on position 78 */
+  uint16_t SetupByte47Bit64; /* position 47, flag 64 */
   uint16_t SetupWord76;      /* positions 76 to 77 */
   uint8_t Reserved70[234];   /* zero */
 } QvSetupNarrow;

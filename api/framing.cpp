@@ -1,0 +1,32 @@
+#include "api/framing.h"
+
+#include <limits>
+
+#include "fields/byte_reader.h"
+#include "fields/data_file.h"
+
+namespace qvslm {
+
+i32 ReadFramedBody() {
+  TranslateContext& context = *CurrentContext;
+  context.RecordLength = ReadLengthU16();
+  if (context.RecordLength > kLongestRecord) return QV_BAD_LENGTH;
+  ReadRecordBlock(context.RecordLength);
+  if (FilePosition() > std::numeric_limits<i32>::max()) return FailWith(QV_SEEK_FAILED);
+  return QV_OK;
+}
+
+i32 StepBackOneByte() {
+  return SeekDataFile(FilePosition() - 1) == 0 ? QV_OK : FailWith(QV_SEEK_FAILED);
+}
+
+i32 PassEndLines() {
+  TranslateContext& context = *CurrentContext;
+  i32 const back = StepBackOneByte();
+  if (back < 0) return back;
+  ReadLine(context.LineBuffer, sizeof context.LineBuffer);
+  ReadLine(context.LineBuffer, sizeof context.LineBuffer);
+  return KeepFilePosition();
+}
+
+}  // namespace qvslm

@@ -1,0 +1,48 @@
+#include "fields/byte_reader.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+#include "fields/data_file.h"
+
+namespace qvslm {
+
+bool RefillRecordBuffer() {
+  TranslateContext& context = *CurrentContext;
+  u32 const length = context.RecordLength;
+  if (length == 0 || length > kLongestRecord) return false;
+  if (context.FileOffset > std::numeric_limits<i32>::max() - static_cast<i32>(length)) return false;
+  std::size_t const came = ReadFileBlock(context.RecordBuffer, length);
+  context.BytesRead = came == length;
+  if (came == 0) return false;
+  context.FileOffset += static_cast<i32>(length);
+  context.RecordPos = 0;
+  return true;
+}
+
+void ReadRawBytes(u8* target, u32 count) {
+  TranslateContext& context = *CurrentContext;
+  i64 const left = std::max<i64>(0, static_cast<i64>(context.RecordLength) - context.RecordPos);
+  u32 const there = static_cast<u32>(std::min<i64>(left, count));
+  std::memcpy(target, context.RecordBuffer + context.RecordPos, there);
+  std::memset(target + there, 0, count - there);
+  context.RecordPos += static_cast<i32>(there);
+  context.ErrorCode = there == count ? QV_OK : QV_RECORD_TOO_SHORT;
+}
+
+u32 ReadLengthU16() {
+  i32 const high = ReadFileByte();
+  i32 const low = ReadFileByte();
+  return static_cast<u32>(high * 256 + low);
+}
+
+std::size_t ReadRecordBlock(u32 count) {
+  TranslateContext& context = *CurrentContext;
+  std::size_t const came = ReadFileBlock(context.RecordBuffer, std::min(count, kLongestRecord));
+  context.BytesRead = count > 0 && came == count;
+  context.RecordPos = 0;
+  return came;
+}
+
+}  // namespace qvslm

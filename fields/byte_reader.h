@@ -1,0 +1,49 @@
+// The byte reader: every field of a record is taken through it.
+#pragma once
+
+#include "api/context.h"
+
+namespace qvslm {
+
+// Reads the next block of a stream into RecordBuffer. False when not one byte came.
+bool RefillRecordBuffer();
+
+// The next byte of the record in hand. The status becomes 0, or -313 behind the record's end, where
+// the byte is 0. With AutoRefill the record goes on in the next block of the file instead.
+inline u8 ReadByte(i32& status) {
+  TranslateContext& context = *CurrentContext;
+  status = 0;
+  if (context.RecordPos >= static_cast<i32>(context.RecordLength)) [[unlikely]] {
+    if (context.AutoRefill == 0 || !RefillRecordBuffer()) {
+      status = QV_RECORD_TOO_SHORT;
+      return 0;
+    }
+  }
+  return context.RecordBuffer[context.RecordPos++];
+}
+
+inline u8 ReadByte() {
+  return ReadByte(CurrentContext->ErrorCode);
+}
+
+inline void SkipByte() {
+  ReadByte();
+}
+
+inline u32 ReadWord() {
+  u32 const high = ReadByte();
+  return high * 256 + ReadByte();
+}
+
+// Copies count bytes of the record as they stand, 0 for those behind its end.
+void ReadRawBytes(u8* target, u32 count);
+
+// A length of two bytes, high byte first, straight from the file. At the end of the file it comes
+// out above every length that a record may have.
+u32 ReadLengthU16();
+
+// Reads count bytes from the file to the head of RecordBuffer, as far as they come, and lets the
+// record begin there. Returns how many came.
+std::size_t ReadRecordBlock(u32 count);
+
+}  // namespace qvslm

@@ -1,0 +1,49 @@
+// The data file: the only door to the C stream functions.
+//
+// The open file stands in CurrentContext->File. Behind it are two windows of the file's bytes, so
+// that reading on, stepping back a byte, and going to and fro between the walk and a seeker's
+// cursor cost no system call. The windows are a memory of the file named last: opening, closing, or
+// naming another file empties them, and nothing but speed is lost.
+#pragma once
+
+#include <cstddef>
+
+#include "api/context.h"
+
+namespace qvslm {
+
+// Opens the path into CurrentContext->File, which is null when that fails. A null path fails.
+bool OpenDataFile(const char* path);
+
+// Closes CurrentContext->File, if it is open, and sets it null.
+void CloseDataFile();
+
+// Moves to an offset from the start, or from the end (0 or below). 0, or -1 when that cannot be:
+// the file is no file to seek in, or the place lies before its start.
+i32 SeekDataFile(i64 offset);
+i32 SeekFromEnd(i64 distance);
+
+// Where the next byte is read.
+i64 FilePosition();
+
+// One byte, 0 to 255, or -1 at the end of the file.
+i32 ReadFileByte();
+
+// Reads up to count bytes and returns how many came.
+std::size_t ReadFileBlock(void* target, std::size_t count);
+
+struct LineRead {
+  std::size_t length = 0;  // characters, the line feed included; 0: there was none
+  bool complete = false;   // the line ended, or the room did, before the end of the file
+  explicit operator bool() const { return length > 0; }
+};
+
+// Reads a line up to its line feed or size - 1 characters, and ends it with a NUL. A line that is
+// not there leaves the text as it was.
+LineRead ReadLine(char* text, std::size_t size);
+
+// Sets FileOffset to the file's position. QV_SEEK_FAILED, raised, where it cannot tell the
+// position.
+i32 KeepFilePosition();
+
+}  // namespace qvslm

@@ -1,0 +1,48 @@
+// The host's clock and time zone: the only door to them.
+//
+// Conversions repeat for thousands of stamps of one hour, so LocalSeconds remembers hours whose
+// first and last second it has found to lie in one stretch of the zone, and adds minutes and
+// seconds. ForgetLocalTime empties that memory; each census and each start does, so that a host may
+// change its zone between files.
+#pragma once
+
+#include "api/context.h"
+
+namespace qvslm {
+
+// The fields of the standard library's broken-down time, in its order.
+struct Calendar {
+  i32 Second;
+  i32 Minute;
+  i32 Hour;
+  i32 Day;      // of the month, from 1
+  i32 Month;    // 0 to 11
+  i32 Year;     // since 1900
+  i32 WeekDay;  // 0 for Sunday
+  i32 YearDay;
+  i32 DaylightFlag;  // 0 standard time, above 0 daylight time, below 0 not known
+};
+
+// All zero, the daylight flag not known.
+Calendar ClearedCalendar();
+
+void ForgetLocalTime();
+
+// Seconds since 1970-01-01 00:00 UTC of a local stamp, or -1 where 32 bits do not hold them; fields
+// out of range are carried over. The calendar is brought into range and its daylight flag resolved.
+// With the flag below 0 a stamp of the hour that the autumn change repeats is standard time, and a
+// stamp of the hour that the spring change skips is read in standard time; the C library alone
+// would answer by the calls made before.
+i32 LocalSeconds(Calendar& calendar);
+
+// The same without the memory, for stamps outside a file.
+i32 LocalSecondsAnew(Calendar& calendar);
+
+// The local stamp of seconds since 1970.
+Calendar LocalCalendar(i64 seconds);
+
+// The present time, in seconds and as a local stamp.
+i32 PresentSeconds();
+Calendar PresentCalendar();
+
+}  // namespace qvslm

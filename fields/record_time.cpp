@@ -1,0 +1,100 @@
+#include "fields/record_time.h"
+
+#include <limits>
+
+#include "fields/byte_reader.h"
+#include "fields/levels.h"
+#include "fields/packed_time.h"
+
+namespace qvslm {
+
+i16 DstHint = 0;
+i32 DstSpanStart = 0;
+i32 DstSpanEnd = 0;
+RunningTimes LastTimes{};
+
+void ForgetDaylightSpan() {
+  DstSpanEnd = 0;
+  DstSpanStart = std::numeric_limits<i32>::min();
+  DstHint = -1;
+}
+
+void ForgetRunningTimes() {
+  LastTimes = {};
+}
+
+i32 NormalizeTime(Calendar& calendar, i32* slot) {
+  Calendar hinted = calendar;
+  hinted.DaylightFlag = DstHint;
+  i32 seconds = LocalSeconds(hinted);
+  if (slot != nullptr) {
+    if (seconds < *slot) {
+      hinted = calendar;
+      seconds = LocalSeconds(hinted);
+    }
+    *slot = seconds;
+  }
+  if (seconds >= DstSpanStart && seconds <= DstSpanEnd) calendar.DaylightFlag = DstHint;
+  return LocalSeconds(calendar);
+}
+
+void NoteDstEvent(const Calendar& calendar, i16 event) {
+  constexpr i32 kOctober = 9;
+  i32 before = -1;
+  i32 today = -1;
+  if (calendar.Month == kOctober) {
+    Calendar day = calendar;
+    day.Day -= 1;
+    LocalSeconds(day);
+    before = day.DaylightFlag;
+    day = calendar;
+    LocalSeconds(day);
+    today = day.DaylightFlag;
+  }
+
+  Calendar copy = calendar;
+  bool const morningOfChange =
+      today == 0 && before == 1 && (calendar.Hour == 1 || calendar.Hour == 2);
+  if (morningOfChange) {
+    copy.DaylightFlag = event == 64 ? 0 : DstHint;
+  } else if (DstHint >= 0 && DstSpanEnd == 0) {
+    copy.DaylightFlag = DstHint;
+  }
+  i32 const seconds = LocalSeconds(copy);
+
+  if (event == 0 && DstSpanEnd == 0 && copy.DaylightFlag != DstHint && DstHint > -1) {
+    DstSpanEnd = seconds;
+    return;
+  }
+  if (event == 64) {
+    if (DstHint < 0) {
+      DstSpanStart = seconds;
+      DstHint = static_cast<i16>(copy.DaylightFlag);
+    } else if (copy.DaylightFlag == DstHint) {
+      DstSpanStart = seconds;
+    }
+  }
+}
+
+i32 ScanEventForDst() {
+  Calendar stamp = ClearedCalendar();
+  SkipByte();
+  DecodePackedDate(stamp);
+  DecodePackedTime(stamp);
+  u16 event = 0;
+  u16 detail = 0;
+  DecodeEventByte(event, detail);
+  u16 value16 = 0;
+  DecodeU16Short(value16);
+  DecodeU24();
+  i32 const status = CurrentContext->ErrorCode;
+  if (event == 0 || event == 64) NoteDstEvent(stamp, static_cast<i16>(event));
+  return status;
+}
+
+void NoteRecordTime(i32 seconds) {
+  i32& latest = CurrentContext->EndRecord.LatestRecordTime;
+  if (seconds > latest) latest = seconds;
+}
+
+}  // namespace qvslm

@@ -1,0 +1,82 @@
+#include <string_view>
+
+#include "fields/byte_reader.h"
+#include "fields/data_file.h"
+#include "fields/number_text.h"
+#include "fields/output_record.h"
+#include "fields/packed_time.h"
+#include "fields/record_time.h"
+#include "fields/whole_number.h"
+#include "models/models.h"
+#include "models/reference_positions.h"
+
+namespace qvslm {
+
+namespace {
+
+Calendar DecodeStampAt(i32 position) {
+  CurrentContext->RecordPos = position;
+  Calendar stamp = ClearedCalendar();
+  DecodePackedDate(stamp);
+  DecodePackedTime(stamp);
+  return stamp;
+}
+
+i32 PlainSecondsAt(i32 position) {
+  Calendar stamp = DecodeStampAt(position);
+  return LocalSeconds(stamp);
+}
+
+i32 NormalizedSecondsAt(i32 position) {
+  Calendar stamp = DecodeStampAt(position);
+  return NormalizeTime(stamp, nullptr);
+}
+
+// Register 106 of the next results block: the level offset, a signed number of eight bits and its
+// decimals.
+void LookAheadForLevelOffset() {
+  constexpr i32 kLevelOffsetRegister = 106;
+  constexpr std::size_t kValueColumn = 5;
+  char text[321] = "";
+  LineRead line = ReadLine(text, sizeof text);
+  while (line && text[0] != 'R') line = ReadLine(text, sizeof text);
+  // A last line without a line end reaches the end of the file and counts no more.
+  while (line.complete && text[0] == 'R') {
+    std::string_view view = text;
+    view = view.substr(0, view.find('\n'));
+    view = view.substr(0, view.find('\r'));
+    if (NumberAt(view, 1) == kLevelOffsetRegister) {
+      f64 offset = 0;
+      if (view.size() > kValueColumn) ParseDouble(view.substr(kValueColumn), &offset);
+      if (offset >= 128.0) offset -= 256.0;
+      CurrentContext->LevelOffset = static_cast<f32>(offset);
+      return;
+    }
+    line = ReadLine(text, sizeof text);
+  }
+}
+
+}  // namespace
+
+// The record's own levels have the offset as it stood before the look ahead.
+i32 DecodeRecC431() {
+  auto& record = BeginRecord<QvReference431>(QV_REFERENCE_431);
+  DecodePositions(kReference431, &record);
+  record.ReferenceTime9 = PlainSecondsAt(9);
+  record.ReferenceTime15 = PlainSecondsAt(15);
+
+  i64 const behindRecord = FilePosition();
+  LookAheadForLevelOffset();
+  return SeekDataFile(behindRecord) == 0 ? QV_OK : FailWith(QV_SEEK_FAILED);
+}
+
+i32 DecodeRecC() {
+  auto& record = BeginRecord<QvReference>(QV_REFERENCE);
+  DecodePositions(kReference, &record);
+  record.ReferenceTime9 = NormalizedSecondsAt(9);
+  record.ReferenceTime15 = NormalizedSecondsAt(15);
+  CurrentContext->ReferenceLevel = record.ReferenceValue37;
+  return 0;  // also for a short body
+}
+
+}  // namespace qvslm

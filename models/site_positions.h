@@ -1,0 +1,103 @@
+// The site records 54, and 36 of model 431.
+#pragma once
+
+#include <cstddef>
+
+#include "models/position_table.h"
+
+namespace qvslm {
+
+using R54 = QvSite;
+using R36 = QvSite431;
+
+constexpr Position kSite[] = {
+    {0, BodyForm::Byte, offsetof(R54, SiteByte0), sizeof(R54::SiteByte0)},
+    {1, BodyForm::Byte, offsetof(R54, SiteByte1), sizeof(R54::SiteByte1)},
+    {2, BodyForm::Byte, offsetof(R54, SiteByte2), sizeof(R54::SiteByte2)},
+    {3, BodyForm::Byte, offsetof(R54, SiteByte3), sizeof(R54::SiteByte3)},
+    {4, BodyForm::Byte, offsetof(R54, SiteByte4), sizeof(R54::SiteByte4)},
+    {7, BodyForm::Byte, offsetof(R54, SiteByte7), sizeof(R54::SiteByte7)},
+    {8, BodyForm::Byte, offsetof(R54, SiteByte8), sizeof(R54::SiteByte8)},
+    {9, BodyForm::Bytes, offsetof(R54, SiteText9), sizeof(R54::SiteText9)},
+    {14, BodyForm::Bytes, offsetof(R54, SiteText14), sizeof(R54::SiteText14)},
+    {18, BodyForm::Byte, offsetof(R54, SiteByte18), sizeof(R54::SiteByte18)},
+    {19, BodyForm::Bytes, offsetof(R54, SiteText19), sizeof(R54::SiteText19)},
+    {49, BodyForm::Bytes, offsetof(R54, SiteText49), sizeof(R54::SiteText49)},
+    {79, BodyForm::Bytes, offsetof(R54, SiteText79), sizeof(R54::SiteText79)},
+    {109, BodyForm::Byte, offsetof(R54, SiteByte109), sizeof(R54::SiteByte109)},
+    {110, BodyForm::Byte, offsetof(R54, SiteByte110), sizeof(R54::SiteByte110)},
+    {111, BodyForm::Byte, offsetof(R54, SiteByte111), sizeof(R54::SiteByte111)},
+    {112, BodyForm::Byte, offsetof(R54, SiteByte112), sizeof(R54::SiteByte112)},
+    {113, BodyForm::Byte, offsetof(R54, SiteByte113), sizeof(R54::SiteByte113)},
+    {114, BodyForm::Byte, offsetof(R54, SiteByte114), sizeof(R54::SiteByte114)},
+    {115, BodyForm::Byte, offsetof(R54, SiteByte115), sizeof(R54::SiteByte115)},
+    {116, BodyForm::Byte, offsetof(R54, SiteByte116), sizeof(R54::SiteByte116)},
+    {117, BodyForm::Byte, offsetof(R54, SiteByte117), sizeof(R54::SiteByte117)},
+    {118, BodyForm::Byte, offsetof(R54, SiteByte118), sizeof(R54::SiteByte118)},
+    {119, BodyForm::Byte, offsetof(R54, SiteByte119), sizeof(R54::SiteByte119)},
+    {120, BodyForm::Byte, offsetof(R54, SiteByte120), sizeof(R54::SiteByte120)},
+    {121, BodyForm::Bytes, offsetof(R54, SiteText121), sizeof(R54::SiteText121)},
+    {151, BodyForm::Byte, offsetof(R54, NewSiteNumber), sizeof(R54::NewSiteNumber)},
+    {152, BodyForm::Bytes, offsetof(R54, SiteText152), sizeof(R54::SiteText152)},
+    {182, BodyForm::Bytes, offsetof(R54, SiteText182), sizeof(R54::SiteText182)},
+    {190, BodyForm::Byte, offsetof(R54, SiteByte190), sizeof(R54::SiteByte190)},
+    {191, BodyForm::Byte, offsetof(R54, SiteByte191), sizeof(R54::SiteByte191)},
+    {192, BodyForm::Byte, offsetof(R54, SiteByte192), sizeof(R54::SiteByte192)},
+    {193, BodyForm::Byte, offsetof(R54, SiteByte193), sizeof(R54::SiteByte193)},
+    {194, BodyForm::Byte, offsetof(R54, SiteByte194), sizeof(R54::SiteByte194)},
+    {195, BodyForm::Byte, offsetof(R54, SiteByte195), sizeof(R54::SiteByte195)},
+    {196, BodyForm::Byte, offsetof(R54, SiteByte196), sizeof(R54::SiteByte196)},
+    {197, BodyForm::Byte, offsetof(R54, SiteByte197), sizeof(R54::SiteByte197)},
+    {198, BodyForm::SignedFixed16, offsetof(R54, SiteValue198), sizeof(R54::SiteValue198)},
+    {200, BodyForm::Bytes, offsetof(R54, SiteText200), sizeof(R54::SiteText200)},
+    {208, BodyForm::Byte, offsetof(R54, SiteByte208), sizeof(R54::SiteByte208)},
+    {209, BodyForm::Byte, offsetof(R54, SiteByte209), sizeof(R54::SiteByte209)},
+    {210, BodyForm::ShortClockText, offsetof(R54, SiteClock210), sizeof(R54::SiteClock210)},
+    {212, BodyForm::SignedFixed16, offsetof(R54, SiteValue212), sizeof(R54::SiteValue212)},
+    {214, BodyForm::Bytes, offsetof(R54, SiteText214), sizeof(R54::SiteText214)},
+};
+
+constexpr Position kSite431[] = {
+    {0, BodyForm::Byte, offsetof(R36, SiteByte0), sizeof(R36::SiteByte0)},
+    {1, BodyForm::Byte, offsetof(R36, SiteByte1), sizeof(R36::SiteByte1)},
+    {2, BodyForm::Byte, offsetof(R36, SiteByte2), sizeof(R36::SiteByte2)},
+    {3, BodyForm::Byte, offsetof(R36, SiteByte3), sizeof(R36::SiteByte3)},
+    {4, BodyForm::Byte, offsetof(R36, SiteByte4), sizeof(R36::SiteByte4)},
+    {9, BodyForm::Bytes, offsetof(R36, SiteText9), sizeof(R36::SiteText9)},
+    {14, BodyForm::Bytes, offsetof(R36, SiteText14), sizeof(R36::SiteText14)},
+    {18, BodyForm::Byte, offsetof(R36, SiteByte18), sizeof(R36::SiteByte18)},
+    {19, BodyForm::Bytes, offsetof(R36, SiteText19), sizeof(R36::SiteText19)},
+    {49, BodyForm::Bytes, offsetof(R36, SiteText49), sizeof(R36::SiteText49)},
+    {79, BodyForm::Bytes, offsetof(R36, SiteText79), sizeof(R36::SiteText79)},
+    {109, BodyForm::Byte, offsetof(R36, SiteByte109), sizeof(R36::SiteByte109)},
+    {110, BodyForm::Byte, offsetof(R36, SiteByte110), sizeof(R36::SiteByte110)},
+    {111, BodyForm::Byte, offsetof(R36, SiteByte111), sizeof(R36::SiteByte111)},
+    {112, BodyForm::Byte, offsetof(R36, SiteByte112), sizeof(R36::SiteByte112)},
+    {113, BodyForm::Byte, offsetof(R36, SiteByte113), sizeof(R36::SiteByte113)},
+    {114, BodyForm::Byte, offsetof(R36, SiteByte114), sizeof(R36::SiteByte114)},
+    {115, BodyForm::Byte, offsetof(R36, SiteByte115), sizeof(R36::SiteByte115)},
+    {116, BodyForm::Byte, offsetof(R36, SiteByte116), sizeof(R36::SiteByte116)},
+    {117, BodyForm::Byte, offsetof(R36, SiteByte117), sizeof(R36::SiteByte117)},
+    {118, BodyForm::Byte, offsetof(R36, SiteByte118), sizeof(R36::SiteByte118)},
+    {119, BodyForm::Byte, offsetof(R36, SiteByte119), sizeof(R36::SiteByte119)},
+    {120, BodyForm::Byte, offsetof(R36, SiteByte120), sizeof(R36::SiteByte120)},
+    {121, BodyForm::Bytes, offsetof(R36, SiteText121), sizeof(R36::SiteText121)},
+    {151, BodyForm::Byte, offsetof(R36, NewSiteNumber), sizeof(R36::NewSiteNumber)},
+    {152, BodyForm::Bytes, offsetof(R36, SiteText152), sizeof(R36::SiteText152)},
+    {182, BodyForm::Bytes, offsetof(R36, SiteText182), sizeof(R36::SiteText182)},
+    {190, BodyForm::Byte, offsetof(R36, SiteByte190), sizeof(R36::SiteByte190)},
+    {191, BodyForm::Byte, offsetof(R36, SiteByte191), sizeof(R36::SiteByte191)},
+    {192, BodyForm::Byte, offsetof(R36, SiteByte192), sizeof(R36::SiteByte192)},
+    {193, BodyForm::Byte, offsetof(R36, SiteByte193), sizeof(R36::SiteByte193)},
+    {194, BodyForm::Byte, offsetof(R36, SiteByte194), sizeof(R36::SiteByte194)},
+    {195, BodyForm::Byte, offsetof(R36, SiteByte195), sizeof(R36::SiteByte195)},
+    {196, BodyForm::Byte, offsetof(R36, SiteByte196), sizeof(R36::SiteByte196)},
+    {197, BodyForm::Byte, offsetof(R36, SiteByte197), sizeof(R36::SiteByte197)},
+    {198, BodyForm::SignedFixed16, offsetof(R36, SiteValue198), sizeof(R36::SiteValue198)},
+    {200, BodyForm::Bytes, offsetof(R36, SiteText200), sizeof(R36::SiteText200)},
+    {208, BodyForm::Byte, offsetof(R36, SiteByte208), sizeof(R36::SiteByte208)},
+    {209, BodyForm::Byte, offsetof(R36, SiteByte209), sizeof(R36::SiteByte209)},
+    {210, BodyForm::ShortClockText, offsetof(R36, SiteClock210), sizeof(R36::SiteClock210)},
+};
+
+}  // namespace qvslm

@@ -1,0 +1,52 @@
+// Item 2 of model 442 in modes 4 and 5: tables of levels.
+
+#include "fields/byte_reader.h"
+#include "fields/data_file.h"
+#include "fields/levels.h"
+#include "fields/output_record.h"
+#include "fields/packed_time.h"
+#include "fields/record_time.h"
+#include "models/models.h"
+
+namespace qvslm {
+
+namespace {
+
+i32 DecodeStamp(i32& slot) {
+  Calendar stamp = ClearedCalendar();
+  DecodePackedDate(stamp);
+  DecodePackedTime(stamp);
+  return NormalizeTime(stamp, &slot);
+}
+
+}  // namespace
+
+i32 DecodeRec2Model442Mode4() {
+  TranslateContext& context = *CurrentContext;
+  auto& record = BeginRecord<QvBandTable>(QV_BAND_TABLE);
+  record.RecordIndex = static_cast<u32>(++context.FetchIndex2);
+  record.RecordTime = DecodeStamp(LastTimes.LastTimeRec2Mode4);
+  DecodeU16Short(record.Word6);
+  ReadRawBytes(reinterpret_cast<u8*>(record.Text8), sizeof record.Text8 - 1);
+  DecodeLevel(record.Level16);
+  int const bands = context.BandFlag != 0 ? 33 : 11;
+  for (int band = 0; band < bands; ++band) DecodeLevel(record.Bands[band]);
+  record.BandFlag = context.BandFlag;
+  KeepFilePosition();
+  return 0;  // also for a short body
+}
+
+i32 DecodeRec2Model442Mode5() {
+  TranslateContext& context = *CurrentContext;
+  auto& record = BeginRecord<QvNarrowTable>(QV_NARROW_TABLE);
+  record.RecordIndex = static_cast<u32>(++context.FetchIndex2);
+  record.RecordTime = DecodeStamp(LastTimes.LastTimeRec2Mode5);
+  DecodeU16Short(record.Word6);
+  record.Byte8 = ReadByte();
+  DecodeLevel(record.Level9);
+  for (f32& level : record.Levels) DecodeLevel(level);
+  KeepFilePosition();
+  return 0;  // also for a short body
+}
+
+}  // namespace qvslm

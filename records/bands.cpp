@@ -1,0 +1,162 @@
+// Band records have no time of their own: each takes that of the record that owns it. Since
+// fetching the owner overwrites RecordBuffer, the tables are converted first.
+
+#include "fields/byte_reader.h"
+#include "fields/levels.h"
+#include "fields/output_record.h"
+#include "fields/packed_time.h"
+#include "fields/record_time.h"
+#include "fields/whole_number.h"
+#include "records/record_seeker.h"
+#include "records/records.h"
+
+namespace qvslm {
+
+namespace {
+
+constexpr u32 kShortForm129 = 200;
+constexpr u16 kShortFormFlag = 0x2000;
+constexpr u16 kNoSequence = 65535;
+
+// Band levels count powers of two; this makes decibels of them.
+constexpr f32 kDecibelsPerDoubling = 3.0102999210357666F;
+
+f32 BandLevel(u32 offset) {
+  const u8* const pair = CurrentContext->RecordBuffer + offset;
+  f64 const level = static_cast<i8>(pair[0]) + pair[1] / 256.0;
+  return static_cast<f32>(level * kDecibelsPerDoubling);
+}
+
+// Tables stand with their last band first: band 0 lies at the given body offset, the others before
+// it, as far as the body's start.
+void ConvertBands(f32 (&bands)[34], i32 offset) {
+  for (f32& band : bands) {
+    band = offset >= 0 ? BandLevel(static_cast<u32>(offset)) : 0.0F;
+    offset -= 2;
+  }
+}
+
+// An owner that is not found is no failure of the translation.
+i32 PresentTime() {
+  i32 const now = PresentSeconds();
+  CurrentContext->ErrorCode = 0;
+  return now;
+}
+
+i32 TimeOfLevelMark(u32 number) {
+  if (SeekRecord(5, number) < 0) return PresentTime();
+  CurrentContext->RecordPos = 0;
+  Calendar stamp = ClearedCalendar();
+  SkipByte();
+  DecodePackedDate(stamp);
+  DecodePackedTime(stamp);
+  return NormalizeTime(stamp, &LastTimes.LastTimeRec131);
+}
+
+i32 TimeOfSummary(u32 number) {
+  if (SeekRecord(2, number) < 0) return PresentTime();
+  CurrentContext->RecordPos = 0;
+  Calendar stamp = ClearedCalendar();
+  DecodePackedDate(stamp);
+  DecodePackedTime(stamp);
+  return NormalizeTime(stamp, &LastTimes.LastTimeRec130);
+}
+
+// The interval's start, as the interval's own record has it.
+i32 TimeOfInterval(u32 number, i32* slot) {
+  if (SeekRecord(1, number) < 0) return PresentTime();
+  CurrentContext->RecordPos = 0;
+  Calendar stamp = ClearedCalendar();
+  f32 duration = 0;
+  f32 level = 0;
+  f32 percent = 0;
+  DecodePackedDate(stamp);
+  DecodePackedTime(stamp);
+  DecodeDuration5(duration);
+  for (int at = 0; at < 5; ++at) DecodeLevel(level);
+  SkipByte();
+  SkipByte();
+  DecodeFixed16(percent);
+  i32 const seconds = NormalizeTime(stamp, slot);
+  if (CurrentContext->TimeIsEnd == 0) return seconds;
+  return TruncateToI32(seconds - static_cast<f64>(duration) * percent / 100.0);
+}
+
+}  // namespace
+
+i32 DecodeRec131() {
+  TranslateContext& context = *CurrentContext;
+  auto& record = BeginRecord<QvLevelMarkBands>(QV_LEVEL_MARK_BANDS);
+  DecodeU16(record.OwnerNumber);
+  record.RecordIndex = context.Count129to132;
+  ConvertBands(record.Bands, 69);
+  if (context.ErrorCode >= 0) record.RecordTime = TimeOfLevelMark(record.OwnerNumber);
+  return context.ErrorCode;
+}
+
+i32 DecodeRec130() {
+  TranslateContext& context = *CurrentContext;
+  auto& record = BeginRecord<QvSummaryBands>(QV_SUMMARY_BANDS);
+  DecodeU16(record.OwnerNumber);
+  record.RecordIndex = context.Count129to132;
+  ConvertBands(record.BandsA, 71);
+  ConvertBands(record.BandsB, 140);
+  ConvertBands(record.BandsC, 209);
+  if (context.ErrorCode >= 0) record.RecordTime = TimeOfSummary(record.OwnerNumber);
+  return context.ErrorCode;
+}
+
+i32 DecodeRec129() {
+  TranslateContext& context = *CurrentContext;
+  auto& record = BeginRecord<QvIntervalBands>(QV_INTERVAL_BANDS);
+  DecodeU16(record.OwnerNumber);
+  record.RecordIndex = context.Count129to132;
+  if (context.RecordLength < kShortForm129) {
+    record.BandFlags = kShortFormFlag;
+    ConvertBands(record.BandsA, 129);
+    ConvertBands(record.BandsB, 60);  // down to the pair that is the owner number
+    record.LevelPair1 = BandLevel(131);
+    record.Value =
+        static_cast<f32>((context.RecordBuffer[133] * 256 + context.RecordBuffer[134]) / 2.0);
+    record.OverallLevel = BandLevel(135);
+    record.ShortByte = context.RecordBuffer[137];
+  } else {
+    ConvertBands(record.BandsA, 69);
+    ConvertBands(record.BandsB, 138);
+    ConvertBands(record.BandsC, 207);
+    record.OverallLevel = BandLevel(209);
+  }
+  if (context.ErrorCode >= 0) {
+    record.RecordTime = TimeOfInterval(record.OwnerNumber, &LastTimes.LastTimeRec129);
+  }
+  return context.ErrorCode;
+}
+
+// The body holds the number of the interval before the owner, and on the owner's last table the
+// owner's own number.
+i32 DecodeRec132() {
+  TranslateContext& context = *CurrentContext;
+  auto& record = BeginRecord<QvIntervalBandSeries>(QV_INTERVAL_BAND_SERIES);
+  u32 number = 0;
+  DecodeU16(number);
+  record.RecordIndex = context.Count129to132;
+  record.LastOfOwner = static_cast<i32>(number) == context.Owner132 ? 1 : 0;
+  i32 const owner = static_cast<i32>(number) + (record.LastOfOwner == 1 ? 0 : 1);
+  record.SequenceInOwner = ++context.Sequence132;
+  record.OwnerNumber = static_cast<u32>(owner);
+  ConvertBands(record.Bands, 69);
+  if (context.ErrorCode >= 0) {
+    if (owner != context.Owner132) {
+      context.OwnerTime132 = TimeOfInterval(record.OwnerNumber, &LastTimes.LastTimeRec132);
+      context.Owner132 = owner;
+    }
+    record.RecordTime = context.OwnerTime132;
+  }
+  if (record.LastOfOwner == 1) {
+    context.Sequence132 = kNoSequence;
+    context.Owner132 = -1;
+  }
+  return context.ErrorCode;
+}
+
+}  // namespace qvslm

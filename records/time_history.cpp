@@ -1,0 +1,172 @@
+#include <cstring>
+#include <limits>
+
+#include "fields/byte_reader.h"
+#include "fields/data_file.h"
+#include "fields/levels.h"
+#include "fields/output_record.h"
+#include "fields/record_time.h"
+#include "fields/whole_number.h"
+#include "records/records.h"
+
+namespace qvslm {
+
+namespace {
+
+constexpr i16 kEntriesPerRecord = 60;
+constexpr u16 kMarkersThatPace = 99;
+
+// The text that RaiseError forms for a status of 0.
+constexpr char kNoErrorText[] = "Error <  0>";
+
+// One entry of the stream. A marker has its negated first byte as first level, and lastByte is the
+// byte of it that was read last: a 0 there ends the stream.
+struct Entry {
+  f32 first = 0;
+  f32 second = 0;  // stays from entry to entry where none is stored
+  u8 lastByte = 0;
+};
+
+bool IsMarker(u8 byte) {
+  return byte > 127;
+}
+
+// Reads the rest of an entry that begins with the last byte.
+i32 ReadMarker(Entry& entry) {
+  const TranslateContext& context = *CurrentContext;
+  i32 status = 0;
+  entry.first = -static_cast<f32>(entry.lastByte);
+  if (context.WholeDbStream == 0) entry.lastByte = ReadByte(status);
+  if (context.SecondLevelKind != 0 && status >= 0) {
+    entry.lastByte = ReadByte(status);
+    entry.second = entry.lastByte;
+    if (context.WholeDbStream == 0 && status >= 0) entry.lastByte = ReadByte(status);
+  }
+  return status;
+}
+
+i32 ReadSample(Entry& entry) {
+  i32 status = DecodeStreamLevel(entry.lastByte, entry.first);
+  if (CurrentContext->SecondLevelKind != 0 && status >= 0) {
+    status = DecodeStreamLevel2(entry.second);
+  }
+  return status;
+}
+
+// Reads one entry; 0 as last byte is the end of the stream.
+i32 ReadEntry(Entry& entry) {
+  i32 status = 0;
+  entry.lastByte = ReadByte(status);
+  if (status < 0 || entry.lastByte == 0) return status;
+  return IsMarker(entry.lastByte) ? ReadMarker(entry) : ReadSample(entry);
+}
+
+u16 StreamFlags() {
+  u32 const kind = CurrentContext->SecondLevelKind;
+  return kind == 0 ? u16{0} : static_cast<u16>(u32{1} << ((kind + 7) % 32));
+}
+
+// Completes the output record. The next one begins at the stream's running time.
+i32 FinishSampleRecord() {
+  TranslateContext& context = *CurrentContext;
+  auto& record = OutputAs<QvTimeHistory>();
+  StampRecord(record, QV_TIME_HISTORY);
+  record.RecordTime = context.HeaderTime;
+  record.StreamFlags = StreamFlags();
+  record.Reserved500 = 65535;
+  record.Reserved502 = 65535;
+  record.StreamPeriod = context.StreamPeriod;
+  record.EntryCount = static_cast<u16>(context.SamplesPending);
+  NoteRecordTime(record.RecordTime);
+  context.SamplesPending = 0;
+  context.HeaderTime = TruncateToI32(context.StreamTime);
+  return QV_BLOCK_COMPLETE;
+}
+
+// The code of a marker and its detail, from the values that stand for them.
+i32 MarkerCode(f32 first) {
+  return (static_cast<u32>(TruncateToI32(-first)) - 128U) & 0x70U;
+}
+u32 MarkerDetail(f32 second) {
+  return (static_cast<u32>(TruncateToI32(second)) - 128U) & 0x0FU;
+}
+
+// Puts an entry into the output record. A level at or below 0 counts as a marker, whatever it was.
+i32 CollectSample(f32 first, f32 second) {
+  TranslateContext& context = *CurrentContext;
+  auto& record = OutputAs<QvTimeHistory>();
+  i16 const at = context.SamplesPending++;
+  if (first > 0) {
+    record.FirstLevels[at] = first;
+    record.SecondLevels[at] = second;
+    context.StreamTime += context.StreamPeriod;
+  } else {
+    i32 const code = MarkerCode(first);
+    record.FirstLevels[at] = static_cast<f32>(-1.0 * code);
+    record.SecondLevels[at] = static_cast<f32>(MarkerDetail(second));
+    bool const runEvent = code == 64 || code == 80;
+    if (runEvent && context.RunEventReadIndex < kMarkersThatPace) {
+      context.StreamTime = context.RunEventTimes[context.RunEventReadIndex++];
+      return FinishSampleRecord();
+    }
+  }
+  return context.SamplesPending >= kEntriesPerRecord ? FinishSampleRecord() : 0;
+}
+
+}  // namespace
+
+i32 DecodeStream() {
+  TranslateContext& context = *CurrentContext;
+  if (context.HeaderTime == 0) {
+    context.HeaderTime = context.RunEventTimes[0];
+    context.FirstRunTime = static_cast<u32>(context.RunEventTimes[0]);
+  }
+  context.RecordLength = kStreamBlock;
+  std::memset(context.Output, 0, sizeof(QvTimeHistory));
+  ReadRecordBlock(kStreamBlock);
+
+  Entry entry;
+  i32 status = 0;
+  u32 collected = 0;
+  do {
+    status = ReadEntry(entry);
+    if (entry.lastByte == 0 || status < 0) break;
+    status = CollectSample(entry.first, entry.second);
+    ++collected;
+  } while (status >= 0);
+  if (collected > 0) {
+    context.SampleCount += collected;
+    context.LastError = 0;
+    std::memcpy(context.ErrorText, kNoErrorText, sizeof kNoErrorText);
+  }
+
+  bool const ended = entry.lastByte == 0;
+  if (ended && context.SamplesPending > 0) status = FinishSampleRecord();
+  if (status == QV_BLOCK_COMPLETE) status = 0;
+  if (context.FileOffset > std::numeric_limits<i32>::max() - context.RecordPos) {
+    return FailWith(QV_SEEK_FAILED);
+  }
+  context.FileOffset += context.RecordPos;
+  if (ended && status >= 0) context.StreamInProgress = 0;
+  return status == QV_RECORD_TOO_SHORT ? 0 : status;
+}
+
+i32 SkipStreamBlock() {
+  TranslateContext& context = *CurrentContext;
+  context.RecordLength = kStreamBlock;
+  context.AutoRefill = 1;
+  ReadRecordBlock(kStreamBlock);
+  Entry entry;
+  i32 status = 0;
+  do {
+    status = ReadEntry(entry);
+  } while (entry.lastByte != 0 && status >= 0);
+  context.AutoRefill = 0;
+  if (context.FileOffset > std::numeric_limits<i32>::max() - context.RecordPos) {
+    return FailWith(QV_SEEK_FAILED);
+  }
+  context.FileOffset += context.RecordPos;
+  return status;
+}
+
+}  // namespace qvslm
