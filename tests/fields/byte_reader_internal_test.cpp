@@ -1,0 +1,159 @@
+// The byte reader at the ends of records, blocks and files. Internal: no export shows how far a
+// decoder has read.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "fields/byte_reader.h"
+#include "fields/data_file.h"
+#include "tests/support/temp_file.h"
+
+namespace {
+
+using qvslm::CurrentContext;
+using qvslm::ReadByte;
+using qvslm::TranslateContext;
+
+class ByteReader : public testing::Test {
+ protected:
+  ByteReader() { CurrentContext = &context_; }
+  ~ByteReader() override {
+    qvslm::CloseDataFile();
+    CurrentContext = nullptr;
+  }
+
+  void Record(const std::string& bytes) {
+    std::memcpy(context_.RecordBuffer, bytes.data(), bytes.size());
+    context_.RecordLength = static_cast<qvslm::u32>(bytes.size());
+    context_.RecordPos = 0;
+  }
+
+  alignas(8) TranslateContext context_{};
+};
+
+TEST_F(ByteReader, GivesTheBytesInOrder) {
+  Record(std::string("\x00\x01\x7F\x80\xFF", 5));
+  qvslm::i32 status = -1;
+  for (int const expected : {0x00, 0x01, 0x7F, 0x80, 0xFF}) {
+    status = -1;
+    EXPECT_EQ(ReadByte(status), expected);
+    EXPECT_EQ(status, 0);
+  }
+  EXPECT_EQ(context_.RecordPos, 5);
+}
+
+TEST_F(ByteReader, StopsAtTheEndOfTheRecord) {
+  Record("ab");
+  qvslm::i32 status = 0;
+  ReadByte(status);
+  ReadByte(status);
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(ReadByte(status), 0);
+    EXPECT_EQ(status, QV_RECORD_TOO_SHORT);
+    EXPECT_EQ(context_.RecordPos, 2);
+  }
+}
+
+TEST_F(ByteReader, EmptyRecordHasNoByte) {
+  Record("");
+  context_.RecordBuffer[0] = 'x';
+  qvslm::i32 status = 0;
+  EXPECT_EQ(ReadByte(status), 0);
+  EXPECT_EQ(status, QV_RECORD_TOO_SHORT);
+  EXPECT_EQ(context_.RecordPos, 0);
+}
+
+// Each byte sets the status anew: one that can be read clears the failure before it.
+TEST_F(ByteReader, StatusIsThatOfTheLastByte) {
+  Record("a");
+  EXPECT_EQ(ReadByte(), 'a');
+  EXPECT_EQ(context_.ErrorCode, 0);
+  ReadByte();
+  EXPECT_EQ(context_.ErrorCode, QV_RECORD_TOO_SHORT);
+  Record("b");
+  ReadByte();
+  EXPECT_EQ(context_.ErrorCode, 0);
+}
+
+class BlockReader : public ByteReader {
+ protected:
+  // The record's first block is the file's first bytes; AutoRefill is on.
+  void Open(const std::string& bytes, qvslm::u32 block, int fileOffset = 0) {
+    file_.Rewrite(bytes);
+    ASSERT_TRUE(qvslm::OpenDataFile(file_.CPath()));
+    context_.RecordLength = block;
+    context_.FileOffset = fileOffset;
+    context_.AutoRefill = 1;
+    ASSERT_EQ(qvslm::ReadFileBlock(context_.RecordBuffer, block), block);
+    context_.RecordPos = 0;
+  }
+
+  test::TempFile file_{""};
+};
+
+TEST_F(BlockReader, RefillsBlockAfterBlock) {
+  Open("abcdefghijkl", 4, 100);
+  qvslm::i32 status = -1;
+  std::string read;
+  for (int i = 0; i < 4; ++i) read += static_cast<char>(ReadByte(status));
+  EXPECT_EQ(context_.FileOffset, 100);  // moves when the next block is needed, not before
+  EXPECT_EQ(context_.RecordPos, 4);
+  read += static_cast<char>(ReadByte(status));
+  EXPECT_EQ(context_.FileOffset, 104);
+  EXPECT_EQ(context_.RecordPos, 1);
+  for (int i = 0; i < 7; ++i) read += static_cast<char>(ReadByte(status));
+  EXPECT_EQ(read, "abcdefghijkl");
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(context_.FileOffset, 108);
+  EXPECT_EQ(context_.RecordPos, 4);
+}
+
+// A block cut by the end of the file keeps the old bytes behind the new ones.
+TEST_F(BlockReader, ShortBlockKeepsTheOldTail) {
+  Open("abcdXY", 4);
+  qvslm::i32 status = -1;
+  std::string read;
+  for (int i = 0; i < 8; ++i) {
+    read += static_cast<char>(ReadByte(status));
+    EXPECT_EQ(status, 0);
+  }
+  EXPECT_EQ(read, "abcdXYcd");
+}
+
+// At the end of the file not one byte comes: the record has ended.
+TEST_F(BlockReader, EndOfFileEndsTheRecord) {
+  Open("abcd", 4);
+  qvslm::i32 status = -1;
+  for (int i = 0; i < 4; ++i) ReadByte(status);
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(ReadByte(status), 0);
+  EXPECT_EQ(status, QV_RECORD_TOO_SHORT);
+}
+
+TEST_F(BlockReader, LengthsAreHighByteFirst) {
+  Open(std::string("\x01\x02\xFF\xFE\x00\x07", 6), 0);
+  EXPECT_EQ(qvslm::ReadLengthU16(), 0x0102U);
+  EXPECT_EQ(qvslm::ReadLengthU16(), 0xFFFEU);
+  EXPECT_EQ(qvslm::ReadLengthU16(), 7U);
+}
+
+// The length comes from the file, whatever the record in hand.
+TEST_F(BlockReader, LengthsPassTheRecordBy) {
+  Open("abcd", 2);
+  EXPECT_EQ(qvslm::ReadLengthU16(), 'c' * 256U + 'd');
+  EXPECT_EQ(context_.RecordPos, 0);
+}
+
+TEST_F(BlockReader, LengthAtTheEndOfTheFileIsTooLong) {
+  Open("", 0);
+  EXPECT_EQ(qvslm::ReadLengthU16(), 4294967039U);  // -257: both bytes read as -1
+}
+
+// A second byte that is not there counts as -1 as well.
+TEST_F(BlockReader, LengthCutByTheEndOfTheFile) {
+  Open("\x01", 0);
+  EXPECT_EQ(qvslm::ReadLengthU16(), 255U);
+}
+
+}  // namespace
