@@ -62,10 +62,13 @@ Outcome Run(int argc, char** argv) {
   CLI::App* const dump = app.add_subcommand("dump", "The records, one JSON object a line");
   AddFiles(*dump, arguments);
   dump->add_option("--records", arguments.dump.records,
-                   "Only these kinds of records, by name: Interval,Event")
+                   "Only these kinds of records: Interval,Event")
+      ->type_name("NAME,NAME")
       ->delimiter(',')
-      ->check(CLI::IsMember(RecordNames()));
+      ->allow_extra_args(false)
+      ->check(CLI::IsMember(RecordNames()).description(""));
   dump->add_option("--limit", arguments.dump.limit, "At most so many records of each file")
+      ->type_name("N")
       ->check(CLI::PositiveNumber);
   bool noCensus = false;
   dump->add_flag("--no-census", noCensus,
