@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/record_image.h"
+#include "tests/support/temp_file.h"
 
 namespace {
 
@@ -272,6 +273,23 @@ TEST(RBlock431Forms, SettingsLineEndsTheBlock) {
   EXPECT_EQ(run.As<QvResults431>(0).SiteNumber, 0);
   EXPECT_EQ(run.As<QvResults431>(2).SiteNumber, 9);
   EXPECT_EQ(run.As<QvResults431>(2).SettingR72, 2.0F);
+}
+
+TEST(RBlock431Forms, ValueEndsAtACarriageReturnAndKeepsItsBlanks) {
+  auto const record = OneBlock(Start().Line("R 86,ab\rcd").Line("R 89,xy  ").Line("R180, z"));
+  EXPECT_STREQ(record.SettingR86, "ab");
+  EXPECT_STREQ(record.SettingR89, "xy  ");
+  EXPECT_STREQ(record.SettingR180, " z");
+}
+
+TEST(RBlock431Forms, BlockMayEndWithTheFile) {
+  test::TempFile const file(
+      Start().Item(9, samples::Body().Fill(2000)).R(72, "1").Raw("R 77,2").Bytes());
+  Translation const run(file.Path());
+  ASSERT_EQ(run.Codes(), (std::vector<int>{37}));
+  EXPECT_EQ(run.As<QvResults431>(0).SettingR72, 1.0F);
+  EXPECT_EQ(run.As<QvResults431>(0).SettingR77, 2.0F);
+  EXPECT_EQ(run.end, QV_BAD_LENGTH);
 }
 
 }  // namespace
