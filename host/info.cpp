@@ -92,6 +92,8 @@ void ListTimes(Listing& listing, const QvFileHeaderInfo& header, const Findings&
 }
 
 void ListCensus(Output& output, const QvRecordCensus& census) {
+  constexpr std::size_t countWidth = 12;
+  constexpr std::size_t nameWidth = 18;
   auto const* const bytes = reinterpret_cast<const std::uint8_t*>(&census);
   output.Line("  holds");
   for (const record_fields::FieldInfo& field : record_fields::kRecordCensusFields) {
@@ -99,10 +101,10 @@ void ListCensus(Output& output, const QvRecordCensus& census) {
     std::memcpy(&count, bytes + field.offset, sizeof count);
     if (count == 0) continue;
     std::string line = std::to_string(count);
-    line.insert(0, line.size() < 12 ? 12 - line.size() : 0, ' ');
-    line += "  " + std::string(field.name);
-    line.resize(std::max<std::size_t>(line.size(), 36), ' ');
-    output.Line(line + "  " + std::string(field.comment));
+    line.insert(0, countWidth - line.size(), ' ');
+    std::string name(field.name);
+    name.resize(std::max(name.size(), nameWidth), ' ');
+    output.Line(line + "  " + name + "  " + std::string(field.comment));
   }
 }
 

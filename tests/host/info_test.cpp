@@ -56,13 +56,13 @@ TEST(Info, TellsWhatAFileIsAndHolds) {
                 "  last stop    2024-06-21T14:15:00+00:00\n"
                 "  last record  2024-06-21T14:15:00+00:00\n"
                 "  holds\n"
-                "           2  LevelMarks            LevelMark records\n"
-                "           2  Events                Event records, but those of the two other "
+                "           2  LevelMarks          LevelMark records\n"
+                "           2  Events              Event records, but those of the two other "
                 "fields of that name\n"
-                "           1  SettingsBlocks        Settings records\n"
-                "           3  StreamEntries         entries of sample streams; list blocks but "
+                "           1  SettingsBlocks      Settings records\n"
+                "           3  StreamEntries       entries of sample streams; list blocks but "
                 "those of the three other fields\n"
-                "           1  ResultsBlocksMode0    Results records of any model in mode 0\n");
+                "           1  ResultsBlocksMode0  Results records of any model in mode 0\n");
 }
 
 TEST(Info, ModesAndModels) {

@@ -97,9 +97,10 @@ TEST(Movement, AListWithoutItsEndAndWithoutACensus) {
   EXPECT_THAT(result.err, HasSubstr(kNotMoving));
 }
 
+// A block of no bytes leaves in memory what stood there before: the item in front of the list.
 TEST(Movement, AListOfBlocksOfNoBytes) {
   for (int const type : {21, 27}) {
-    TempFile const file(WithRoom().Raw(Body().U8(type).U8(0).Bytes()));
+    TempFile const file(WithRoom().Item(5, Mark().Set(0, {7})).Raw(Body().U8(type).U8(0).Bytes()));
     Result const result = RunQvslm({"dump", file.Path()});
     EXPECT_EQ(result.exitCode, 3) << type;
     EXPECT_THAT(result.err, HasSubstr(kNotMoving)) << type;
@@ -121,13 +122,13 @@ TEST(Movement, AStreamWithoutItsEnd) {
 // A steady tone gives equal blocks for hours: none of them may be missing.
 TEST(Movement, SteadyListsAreWhole) {
   for (int const type : {21, 27}) {
-    std::vector<Body> const blocks(5000, Body().U8(60).Fill(27, 33));
+    std::vector<Body> const blocks(2000, Body().U8(60).Fill(27, 33));
     TempFile const file(General().List(type, 28, blocks).Item(5, Mark()).EndOfData());
     for (const char* const option : {"--limit=100000", "--no-census"}) {
       Result const result = RunQvslm({"dump", option, file.Path()});
       EXPECT_EQ(result.exitCode, 0) << type << option;
       EXPECT_EQ(result.err, "");
-      EXPECT_EQ(Names(result).size(), 5002u);
+      EXPECT_EQ(Names(result).size(), 2002u);
     }
   }
 }
