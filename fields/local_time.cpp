@@ -109,7 +109,7 @@ i32 LocalSeconds(Calendar& calendar) {
       calendar = hour->stamp;
       calendar.Minute = minute;
       calendar.Second = second;
-      return In32Bits(hour->seconds + minute * 60 + second);
+      return In32Bits(hour->seconds + i64{60} * minute + second);
     }
   }
   return LocalSecondsAnew(calendar);

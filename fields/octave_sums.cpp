@@ -16,7 +16,7 @@ f32 OctaveSum(const f32* thirds) {
 }
 
 void SumOctaves(const f32* thirds, f32* octaves, int count) {
-  for (int octave = 0; octave < count; ++octave) octaves[octave] = OctaveSum(thirds + 3 * octave);
+  for (int octave = 0; octave < count; ++octave, thirds += 3) octaves[octave] = OctaveSum(thirds);
 }
 
 }  // namespace qvslm
