@@ -13,7 +13,7 @@ using R33 = QvSetupBand431;
 constexpr Position kSetupBand[] = {
     {42, BodyForm::Byte, offsetof(R51, FlagsA), sizeof(R51::FlagsA)},
     {47, BodyForm::Byte, offsetof(R51, FlagsB), sizeof(R51::FlagsB), Firmware::Above201},
-    {49, BodyForm::Byte, offsetof(R51, FlagsD), sizeof(R51::FlagsD)},
+    {49, BodyForm::Byte, offsetof(R51, FlagsD), sizeof(R51::FlagsD), Firmware::From36},
     {56, BodyForm::Byte, offsetof(R51, SetupByte56), sizeof(R51::SetupByte56)},
     {57, BodyForm::DateText, offsetof(R51, DateA), sizeof(R51::DateA)},
     {60, BodyForm::DateText, offsetof(R51, DateB), sizeof(R51::DateB)},
