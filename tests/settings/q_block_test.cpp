@@ -6,6 +6,7 @@
 
 #include "tests/support/record_image.h"
 #include "tests/support/register_rows.h"
+#include "tests/support/settings_block.h"
 #include "tests/support/settings_lines.h"
 #include "tests/support/translation.h"
 
@@ -13,9 +14,11 @@ namespace {
 
 using samples::DataFile;
 using test::Difference;
+using test::EmptySettings;
 using test::RecordImage;
 using test::RegisterRow;
-using test::Step;
+using test::Settings;
+using test::SettingsStep;
 using test::Translation;
 
 constexpr std::int32_t kNoon = 1718971200;  // 21 June 2024, 12:00:00 UTC, as in the header
@@ -157,41 +160,25 @@ const std::vector<RegisterRow> kRows = {
     {210, "1210", 638, 2, 1210},
 };
 
-RecordImage Empty(int model = 486) {
-  return RecordImage(688).U16(0, 7).U16(10, model);
-}
-
-// The record of the only block of a file.
-Step OneBlock(DataFile file) {
-  Translation const run(file.EndOfData());
-  EXPECT_EQ(run.Codes(), (std::vector<int>{7, 15}));
-  EXPECT_EQ(run.steps[0].status, QV_OK);
-  return run.steps[0];
-}
-
-QvSettings Settings(const DataFile& file) {
-  return Translation::Copy<QvSettings>(OneBlock(file));
-}
-
 TEST(QBlock, EachRegisterFillsItsField) {
   for (const RegisterRow& row : kRows) {
-    RecordImage image = Empty();
+    RecordImage image = EmptySettings();
     Expect(image, row);
-    EXPECT_EQ(Difference(image, OneBlock(test::General().Q(row.number, row.value))), "")
+    EXPECT_EQ(Difference(image, SettingsStep(test::General().Q(row.number, row.value))), "")
         << "register " << row.number;
   }
 }
 
 TEST(QBlock, AllRegistersStandSideBySide) {
   DataFile file = test::General();
-  RecordImage image = Empty();
+  RecordImage image = EmptySettings();
   for (const RegisterRow& row : kRows) {
     file.Q(row.number, row.value);
     Expect(image, row);
   }
   file.Q(7, "15Mar1999").Q(157, "513");
   image.U16(2, 513).I32(4, kNoon).Chars(160, "15Mar1999").U16(580, 513);
-  EXPECT_EQ(Difference(image, OneBlock(file)), "");
+  EXPECT_EQ(Difference(image, SettingsStep(file)), "");
 }
 
 TEST(QBlock, OtherNumbersFillNothing) {
@@ -201,73 +188,20 @@ TEST(QBlock, OtherNumbersFillNothing) {
     for (const RegisterRow& row : kRows) handled = handled || row.number == number;
     if (!handled) file.Q(number, "77");
   }
-  EXPECT_EQ(Difference(Empty(), OneBlock(file)), "");
+  EXPECT_EQ(Difference(EmptySettings(), SettingsStep(file)), "");
 }
 
 TEST(QBlock, Register227FillsNothing) {
-  EXPECT_EQ(Difference(Empty(), OneBlock(test::General().Q(227, "1.5"))), "");
-}
-
-TEST(QBlock, NumbersTakeTheLow16BitsOfWholeNumbers) {
-  struct Row {
-    const char* value;
-    int expected;
-  };
-  const std::vector<Row> rows = {
-      {"0", 0},
-      {"65535", 65535},
-      {"65536", 0},
-      {"70000", 4464},
-      {"-1", 65535},
-      {"-32768", 32768},
-      {"12.9", 12},
-      {"12abc", 12},
-      {"abc", 0},
-      {"", 0},
-      {"   7", 7},
-      {"+7", 7},
-      {"0x10", 0},
-      {"010", 10},
-      {"4294967297", 1},
-      {"1e3", 1},
-      {"-4294967295", 1},
-      {"99999999999999999999", 65535},
-      {"-99999999999999999999", 0},
-  };
-  for (const Row& row : rows) {
-    EXPECT_EQ(Settings(test::General().Q(9, row.value)).SettingQ9, row.expected) << row.value;
-  }
-}
-
-TEST(QBlock, RealNumbersArePlainDecimals) {
-  struct Row {
-    const char* value;
-    float expected;
-  };
-  const std::vector<Row> rows = {
-      {"2.5", 2.5F},
-      {"-2.5", -2.5F},
-      {" - 2.5", -2.5F},
-      {"+2.5x", 2.5F},
-      {".5", 0.5F},
-      {"7.", 7.0F},
-      {".", 0.0F},
-      {"1e3", 1.0F},
-      {"0.1", 0.1F},
-      {"\t3", 3.0F},
-      {"16777217", 16777216.0F},
-  };
-  for (const Row& row : rows) {
-    EXPECT_EQ(Settings(test::General().Q(35, row.value)).SettingQ35, row.expected) << row.value;
-  }
+  EXPECT_EQ(Difference(EmptySettings(), SettingsStep(test::General().Q(227, "1.5"))), "");
 }
 
 TEST(QBlock, RealNumbersKeepWhatTheyHadWhenALineHasNone) {
   for (const RegisterRow& row : kRows) {
     if (!std::holds_alternative<float>(row.expected) || row.number == 61) continue;
     DataFile file = test::General().Q(row.number, "2.5").Q(row.number, "abc").Q(row.number, "");
-    EXPECT_EQ(Difference(Empty().F32(row.offset, 2.5F), OneBlock(file)), "") << row.number;
-    EXPECT_EQ(Difference(Empty(), OneBlock(test::General().Q(row.number, "abc"))), "")
+    EXPECT_EQ(Difference(EmptySettings().F32(row.offset, 2.5F), SettingsStep(file)), "")
+        << row.number;
+    EXPECT_EQ(Difference(EmptySettings(), SettingsStep(test::General().Q(row.number, "abc"))), "")
         << row.number;
   }
 }
@@ -276,106 +210,21 @@ TEST(QBlock, TextsAreCutToTheirFields) {
   const std::string longText = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0";
   for (const RegisterRow& row : kRows) {
     if (!IsText(row) || row.number == 22 || row.number == 23) continue;
-    RecordImage image = Empty().Chars(row.offset, longText.substr(0, row.width - 1));
-    EXPECT_EQ(Difference(image, OneBlock(test::General().Q(row.number, longText))), "")
+    RecordImage image = EmptySettings().Chars(row.offset, longText.substr(0, row.width - 1));
+    EXPECT_EQ(Difference(image, SettingsStep(test::General().Q(row.number, longText))), "")
         << row.number;
   }
-}
-
-TEST(QBlock, TextsKeepTheirBlanks) {
-  EXPECT_EQ(Difference(Empty().Chars(86, "  a b  "), OneBlock(test::General().Q(4, "  a b  "))),
-            "");
-}
-
-TEST(QBlock, TextsEndAtTheTerminatorOfALaterLine) {
-  auto const settings = Settings(test::General().Q(4, "a longer text").Q(4, "short"));
-  EXPECT_STREQ(settings.SettingQ4, "short");
-}
-
-TEST(QBlock, DayNamesBecomeNumbers) {
-  struct Row {
-    const char* value;
-    int expected;
-  };
-  const std::vector<Row> rows = {{"Sun", 0}, {"Mon", 1}, {"Tue", 2},       {"Wed", 3}, {"Thu", 4},
-                                 {"Fri", 5}, {"Sat", 6}, {"Wednesday", 3}, {"wed", 0}, {"WED", 0},
-                                 {"Xyz", 0}, {"", 0},    {" Wed", 0},      {"We", 0}};
-  for (const Row& row : rows) {
-    EXPECT_EQ(Settings(test::General().Q(8, row.value)).SettingQ8, row.expected) << row.value;
-  }
-  EXPECT_EQ(Settings(test::General().Q(8, "Wed").Q(8, "none")).SettingQ8, 0);
-}
-
-TEST(QBlock, ShortDatesShowMonthDayAndYear) {
-  struct Row {
-    const char* value;
-    const char* expected;
-  };
-  const std::vector<Row> rows = {
-      {"05Jan1999", "01/05/99"}, {"05Feb1999", "02/05/99"}, {"05Mar1999", "03/05/99"},
-      {"05Apr1999", "04/05/99"}, {"05May1999", "05/05/99"}, {"05Jun1999", "06/05/99"},
-      {"05Jul1999", "07/05/99"}, {"05Aug1999", "08/05/99"}, {"05Sep1999", "09/05/99"},
-      {"05Oct1999", "10/05/99"}, {"05Nov1999", "11/05/99"}, {"05Dec1999", "12/05/99"},
-      {"05dec1999", "00/05/99"}, {"05???1999", "00/05/99"}, {"31Dec2000", "12/31/100"},
-      {"31Dec2001", "12/31/01"}, {"00Mar1905", "03/00/05"}, {"31Dec1900", "12/31/00"},
-  };
-  for (const Row& row : rows) {
-    for (int const number : {22, 23}) {
-      std::size_t const offset = number == 22 ? 202 : 212;
-      EXPECT_EQ(Difference(Empty().Chars(offset, row.expected),
-                           OneBlock(test::General().Q(number, row.value))),
-                "")
-          << row.value;
-    }
-  }
-}
-
-TEST(QBlock, ThresholdIs65WhenALineHasNone) {
-  struct Row {
-    const char* value;
-    float expected;
-  };
-  for (const Row& row :
-       {Row{"70.5", 70.5F}, {"abc", 65.0F}, {"", 65.0F}, {"0", 0.0F}, {".", 0.0F}}) {
-    EXPECT_EQ(Settings(test::General().Q(61, row.value)).SettingQ61, row.expected) << row.value;
-    EXPECT_EQ(Settings(test::General().Q(61, "50").Q(61, row.value)).SettingQ61, row.expected)
-        << row.value;
-  }
-}
-
-TEST(QBlock, SampleSpacingIsShownAsAWholeNumber) {
-  struct Row {
-    const char* value;
-    int expected;
-  };
-  for (const Row& row : {Row{"16", 16},
-                         {"16.9", 16},
-                         {"70000.5", 4464},
-                         {"-1.5", 65535},
-                         {"-0.5", 0},
-                         {"abc", 0},
-                         {"99999999999", 65535}}) {
-    EXPECT_EQ(Settings(test::General().Q(70, row.value)).SettingQ70, row.expected) << row.value;
-  }
-  EXPECT_EQ(Settings(test::General().Q(70, "16.9").Q(70, "abc")).SettingQ70, 16);
-}
-
-TEST(QBlock, SampleSpacingOfAnEarlierBlockIsShownBehindALineWithoutANumber) {
-  DataFile file = test::General().Q(70, "16.9").EndLines("", "").Q(70, "abc").EndOfData();
-  Translation const run(file);
-  ASSERT_EQ(run.Codes(), (std::vector<int>{7, 7, 15}));
-  EXPECT_EQ(run.As<QvSettings>(1).SettingQ70, 16);
 }
 
 TEST(QBlock, ThreeSwitchesAreZeroUpToFirmware0Point9) {
   for (const char* const firmware : {"0.9", "0.5", "0"}) {
     DataFile file = test::General(firmware).Q(118, "1").Q(119, "2").Q(120, "3").Q(206, "4");
-    EXPECT_EQ(Difference(Empty(), OneBlock(file)), "") << firmware;
+    EXPECT_EQ(Difference(EmptySettings(), SettingsStep(file)), "") << firmware;
   }
   for (const char* const firmware : {"0.91", "1", "3.6"}) {
     DataFile file = test::General(firmware).Q(118, "1").Q(119, "2").Q(120, "3").Q(206, "4");
-    RecordImage image = Empty().U16(410, 1).U16(412, 2).U16(414, 3).U16(634, 4);
-    EXPECT_EQ(Difference(image, OneBlock(file)), "") << firmware;
+    RecordImage image = EmptySettings().U16(410, 1).U16(412, 2).U16(414, 3).U16(634, 4);
+    EXPECT_EQ(Difference(image, SettingsStep(file)), "") << firmware;
   }
 }
 
@@ -386,14 +235,14 @@ TEST(QBlock, OfModel442HasTextsForRegisters161To165) {
   };
   for (const Row& row : {Row{161, 640}, {162, 649}, {163, 658}, {164, 667}, {165, 676}}) {
     SCOPED_TRACE(row.number);
-    EXPECT_EQ(Difference(Empty(442).Chars(row.offset, "abc"),
-                         OneBlock(test::Model442("SSA").Q(row.number, "abc"))),
+    EXPECT_EQ(Difference(EmptySettings(442).Chars(row.offset, "abc"),
+                         SettingsStep(test::Model442("SSA").Q(row.number, "abc"))),
               "");
-    EXPECT_EQ(Difference(Empty(442).Chars(row.offset, "abcdefgh"),
-                         OneBlock(test::Model442("SSA").Q(row.number, "abcdefgh"))),
+    EXPECT_EQ(Difference(EmptySettings(442).Chars(row.offset, "abcdefgh"),
+                         SettingsStep(test::Model442("SSA").Q(row.number, "abcdefgh"))),
               "");
-    EXPECT_EQ(Difference(Empty(442).Chars(row.offset, "abcdefgh"),
-                         OneBlock(test::Model442("SSA").Q(row.number, "abcdefghijkl"))),
+    EXPECT_EQ(Difference(EmptySettings(442).Chars(row.offset, "abcdefgh"),
+                         SettingsStep(test::Model442("SSA").Q(row.number, "abcdefghijkl"))),
               "");
   }
 }
@@ -401,18 +250,19 @@ TEST(QBlock, OfModel442HasTextsForRegisters161To165) {
 TEST(QBlock, OfModels431And442HasTheOtherFieldsToo) {
   for (int const model : {431, 442}) {
     DataFile file = test::LoggingFile(model, "1.1");
-    RecordImage image = Empty(model);
+    RecordImage image = EmptySettings(model);
     for (const RegisterRow& row : kRows) {
       if (model == 442 && row.number >= 161 && row.number <= 165) continue;
       file.Q(row.number, row.value);
       Expect(image, row);
     }
-    EXPECT_EQ(Difference(image, OneBlock(file)), "") << model;
+    EXPECT_EQ(Difference(image, SettingsStep(file)), "") << model;
   }
 }
 
 TEST(QBlock, CarriesTheSite) {
-  EXPECT_EQ(Difference(Empty().U16(2, 513).U16(580, 513), OneBlock(test::General().Q(157, "513"))),
+  EXPECT_EQ(Difference(EmptySettings().U16(2, 513).U16(580, 513),
+                       SettingsStep(test::General().Q(157, "513"))),
             "");
   // The site number of a block stays with its record alone: the next block has none of its own.
   DataFile file = test::General().Q(157, "513").EndLines("", "").Q(9, "1").EndOfData();
@@ -420,48 +270,6 @@ TEST(QBlock, CarriesTheSite) {
   ASSERT_EQ(run.Codes(), (std::vector<int>{7, 7, 15}));
   EXPECT_EQ(run.As<QvSettings>(0).SiteNumber, 513);
   EXPECT_EQ(run.As<QvSettings>(1).SiteNumber, 0);
-}
-
-TEST(QBlock, BlockTimeIsThatOfTheHeader) {
-  EXPECT_EQ(Difference(Empty().I32(4, kNoon).Chars(160, "15Mar1999"),
-                       OneBlock(test::General().Q(7, "15Mar1999"))),
-            "");
-  EXPECT_EQ(Settings(test::General().Q(6, "01:02:03")).BlockTime, 0);
-}
-
-struct TimeRow {
-  const char* name;
-  std::vector<test::Setting> lines;
-  std::int32_t time;
-};
-
-TEST(QBlock, BlockTimeWithoutAHeaderIsThatOfTheBlock) {
-  const std::vector<TimeRow> rows = {
-      {"midnight", {{7, "15Mar1999"}}, 921456000},
-      {"time of day", {{6, "12:34:56"}, {7, "15Mar1999"}}, 921456000 + 45296},
-      {"time too late", {{7, "15Mar1999"}, {6, "12:34:56"}}, 921456000},
-      {"time for the second date",
-       {{7, "15Mar1999"}, {6, "12:34:56"}, {7, "15Mar1999"}},
-       921456000 + 45296},
-      {"unknown month", {{7, "15xyz1999"}}, 916358400},
-      {"month in small letters", {{7, "15mar1999"}}, 916358400},
-      {"unknown month behind a known one", {{7, "15Mar1999"}, {7, "15xyz1999"}}, 916358400},
-      {"29 February", {{7, "29Feb2024"}}, 1709164800},
-      {"30 February", {{7, "30Feb2024"}}, 1709251200},
-      {"December", {{7, "31Dec2023"}}, 1703980800},
-      {"no date", {{6, "12:34:56"}}, 0},
-  };
-  for (const TimeRow& row : rows) {
-    SCOPED_TRACE(row.name);
-    DataFile file;
-    // The line with 9 opens the file: it is of no importance.
-    Translation const run(AddSettings(file.Q(9, "1"), row.lines).EndOfData());
-    ASSERT_EQ(run.start, QV_NO_TEXT_HEADER);
-    ASSERT_EQ(run.Codes(), (std::vector<int>{7, 15}));
-    EXPECT_EQ(run.As<QvSettings>(0).BlockTime, row.time);
-    EXPECT_EQ(run.As<QvEnd>(1).BlockTime, row.time);
-    EXPECT_EQ(run.As<QvEnd>(1).LatestRecordTime, row.time);
-  }
 }
 
 }  // namespace
