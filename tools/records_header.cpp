@@ -40,7 +40,10 @@ std::vector<std::string> Paragraphs(const std::string& comment) {
     std::string line = comment.substr(start, end - start);
     line.erase(0, std::min(line.find_first_not_of(" *"), line.size()));
     if (line.empty() && !paragraphs.back().empty()) paragraphs.emplace_back();
-    if (!line.empty()) paragraphs.back() += (paragraphs.back().empty() ? "" : " ") + OneLine(line);
+    if (!line.empty()) {
+      if (!paragraphs.back().empty()) paragraphs.back() += ' ';
+      paragraphs.back() += OneLine(line);
+    }
     start = end + 1;
   }
   if (paragraphs.back().empty()) paragraphs.pop_back();
