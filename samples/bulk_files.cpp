@@ -102,7 +102,8 @@ void EndFile(SampleBuilder& sample, Clock stop) {
   sample.End("");
 }
 
-// Model 442 looks for its results in the first two million bytes, so they stand first here.
+// Model 442 looks for its results in the first two million bytes, but not at the very start of the
+// data, so they stand behind one other item here.
 void Header442(SampleBuilder& sample, std::string_view modeTag) {
   sample.Header({.Model = 442,
                  .Serial = " 31415",
@@ -112,6 +113,7 @@ void Header442(SampleBuilder& sample, std::string_view modeTag) {
                  .ModeTag = std::string(modeTag)});
   Results const results{.start = kStart, .stop = kStart + kDay, .levelOffset = 20.5};
   ExpectResults(sample, results);
+  AddSite(sample, {.number = 1, .name = "Test", .street = "", .note = ""});
   AddResults442(sample, results, BandRegisters::kOlder);
 }
 
@@ -312,7 +314,8 @@ void WriteFamilyFile(const std::string& path, Family family, int records) {
   SampleBuilder sample(SampleBuilder::Keep::kNothing);
   Output output(path, sample);
   AddFamily(sample, output, family, records);
-  if (sample.State().model == 442) {
+  bool const hasResults = sample.State().model == 442 || family == Family::kResults;
+  if (hasResults) {
     sample.End("");
   } else {
     EndFile(sample, kStart + kDay);

@@ -11,13 +11,14 @@ using S = QvSettings;
 
 const Clock kMorning = At(2024, 6, 21, 8);
 
-SampleBuilder General(std::string_view firmware = "1.200", int model = 486) {
+SampleBuilder General(std::string_view firmware = "1.200", int model = 486,
+                      Clock start = kMorning) {
   SampleBuilder sample;
   sample.Header({.Model = model,
                  .Serial = " 2071",
                  .Firmware = std::string(firmware),
-                 .Date = "21Jun2024",
-                 .Time = "08:00:00",
+                 .Date = DateText(start),
+                 .Time = TimeText(start),
                  .FirstLine = "L traffic noise",
                  .FourthLine = "Town of Milton"});
   return sample;
@@ -253,11 +254,12 @@ Sample GeneralOlderModel(const std::string& name) {
 }
 
 Sample GeneralBlocks(const std::string& name) {
-  SampleBuilder sample = General();
-  Results const results{.start = kMorning, .stop = kMorning + 3 * kHour, .levelOffset = 1.5};
+  Clock const start = At(2024, 1, 8, 6);
+  SampleBuilder sample = General("1.200", 486, start);
+  Results const results{.start = start, .stop = start + 3 * kHour, .levelOffset = 1.5};
   ExpectResults(sample, results);
-  StationSettings(sample, kMorning).LevelOffset(1.5).Done();
-  Add(sample, RunStart(kMorning, 1));
+  StationSettings(sample, start).LevelOffset(1.5).Done();
+  Add(sample, RunStart(start, 1));
   Add(sample, RunEnd(results.stop, 1));
   Add(sample, Image(7, 4096));
   Add(sample, Image(8, 4096));

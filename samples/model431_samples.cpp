@@ -8,7 +8,7 @@ namespace samples {
 
 namespace {
 
-const Clock kMorning = At(2023, 3, 14, 9, 30);
+const Clock kMorning = At(2024, 1, 9, 7);
 constexpr double kLevelOffset = 10.25;
 
 // Flags of a setup block.
@@ -20,8 +20,8 @@ SampleBuilder Model431(std::string_view modeTag) {
   sample.Header({.Model = 431,
                  .Serial = "B0815",
                  .Firmware = "1.310",
-                 .Date = "14Mar2023",
-                 .Time = "09:30:00",
+                 .Date = "09Jan2024",
+                 .Time = "07:00:00",
                  .ModeTag = std::string(modeTag),
                  .FirstLine = "L noise at work"});
   return sample;
@@ -111,7 +111,7 @@ Sample Model431Logging(const std::string& name) {
   Add(sample, RunEnd(kMorning + kHour, 1));
   AddHistory(sample, StreetRun(kMorning, 1000, 0.25, true));
   Add(sample, StreetSummary(kMorning, kHour));
-  Add(sample, StreetDay(At(2023, 3, 14)));
+  Add(sample, StreetDay(At(2024, 1, 9)));
   Add(sample, Image(8, 5120));
   AddResults431(sample, results);
   return sample.End(name).Finish();
@@ -131,7 +131,7 @@ Sample Model431Environment(const std::string& name) {
   Add(sample, RunEnd(kMorning + kDay, 1));
   AddHistory(sample, StreetRun(kMorning, 500, 10, false));
   Add(sample, StreetSummary(kMorning, kDay - 1));
-  Add(sample, StreetDay(At(2023, 3, 14)));
+  Add(sample, StreetDay(At(2024, 1, 9)));
   AddResults431(sample, results);
   return sample.End(name).Finish();
 }

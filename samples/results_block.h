@@ -21,9 +21,12 @@ void AddResults431(SampleBuilder& sample, const Results& results);
 enum class BandRegisters { kOlder, kCounted };
 void AddResults442(SampleBuilder& sample, const Results& results, BandRegisters registers);
 
-// Tells the builder the results block that will end the file, before any item is written: an
-// instrument of the models 431 and 442 has its level offset there, and the blocks of images carry
-// the stop time.
+// Tells the builder the results block that will end the file, before any item is written: model 442
+// has its level offset there, and the blocks of images carry the stop time.
+//
+// The look at a file's tail reads the stop time of models other than 442 one column further on than
+// the block itself does. Both agree in the first nine days of January, at hours and minutes below
+// ten; samples with images stop then.
 void ExpectResults(SampleBuilder& sample, const Results& results);
 
 }  // namespace samples

@@ -67,11 +67,6 @@ void ResultsLines<R>::Begin(const Results& results) {
   Line(1, "Hedrom-Pulke Model " + std::to_string(state.model));
   Line(2, "Measurement report");
   Text(3, &R::SettingR3, "Traffic noise, Mill Street");
-  if (state.model != 442) {
-    // A look at the tail of the file finds the stop time behind a number of four columns; the block
-    // itself takes the line behind this one.
-    sample_.File().Line("R   6," + DateText(results.stop) + "," + TimeText(results.stop));
-  }
   Stamp(6, &R::SettingR6, results.stop);
   record_.StopTime = results.stop;
   sample_.EndRecord().EndRecordStopTime = results.stop;

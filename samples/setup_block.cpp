@@ -154,7 +154,7 @@ SetupBlock::SetupBlock(const Instrument& instrument, std::string_view tag, std::
   body_.U8(1).Text(tag, 8).Text(title, 30).U8(instrument.mode).U8(40).U8(flags);
   int const size = instrument.model == 431 ? 186 : 219;
   for (int position = 42; position < size; ++position) body_.U8(position);
-  for (std::size_t const position : {42, 47, 48, 49, 103, 104, 140}) Set(position, {0});
+  for (std::size_t const position : {42U, 47U, 48U, 49U, 103U, 104U, 140U}) Set(position, {0});
   bool const spectrum = instrument.model == 442 && instrument.mode == 4;
   bool const plain = instrument.model == 442 && instrument.mode == 7;
   Set(57, {0x24, 0x21, 0x06, 0x24, 0x22, 0x06});  // 21 and 22 June 2024
