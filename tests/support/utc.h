@@ -9,7 +9,8 @@ namespace test {
 constexpr std::int32_t Utc(int year, unsigned month, unsigned day, int hour = 0, int minute = 0,
                            int second = 0) {
   using namespace std::chrono;
-  sys_days const midnight = std::chrono::year(year) / std::chrono::month(month) / day;
+  sys_days const midnight =
+      year_month_day(std::chrono::year(year), std::chrono::month(month), std::chrono::day(day));
   auto const stamp = midnight + hours(hour) + minutes(minute) + seconds(second);
   return static_cast<std::int32_t>(stamp.time_since_epoch().count());
 }
