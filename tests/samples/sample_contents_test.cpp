@@ -108,6 +108,47 @@ TEST(SampleContents, HoldEveryTypeCode) {
   }
 }
 
+TEST(SampleContents, TellTheirSitesInTheirSettings) {
+  struct Row {
+    const char* name;
+    int status;
+    int sites;
+  };
+  for (const Row& row :
+       {Row{"general_spine.qvd", QV_OK, 7}, Row{"general_day.qvd", QV_OK, 3},
+        Row{"general_settings_form.qvd", QV_OK, 3}, Row{"model442_logging.qvd", QV_OK, 4},
+        Row{"model431_logging.qvd", QV_NO_TEXT_HEADER, 0}}) {
+    GuardedBuffer const context(QV_GetBufferSize());
+    std::int16_t sites = -5;
+    EXPECT_EQ(QV_ReadSiteNum(SamplePath(row.name).c_str(), context.Data(), &sites), row.status)
+        << row.name;
+    EXPECT_EQ(sites, row.sites) << row.name;
+  }
+}
+
+TEST(SampleContents, TellTheirHeaders) {
+  GuardedBuffer const context(QV_GetBufferSize());
+  QvFileHeaderInfo info;
+  ASSERT_EQ(QV_ReadFileHeader(SamplePath("general_title_form.qvd").c_str(), context.Data(), &info),
+            QV_OK);
+  EXPECT_STREQ(info.TitleLine1, " Noise of the new road");
+  EXPECT_STREQ(info.TitleLine2, " Before the works");
+  EXPECT_STREQ(info.TitleLine3, " Station 4");
+  EXPECT_STREQ(info.HeaderLine1, "* traffic noise");
+  EXPECT_STREQ(info.HeaderLine2, "486 2071");
+  EXPECT_STREQ(info.HeaderLine3, "1.200");
+  EXPECT_STREQ(info.HeaderLine5, "Date/Time:21Jun2024 08:00:00");
+  EXPECT_STREQ(info.HeaderLine6, "");
+  ASSERT_EQ(QV_ReadFileHeader(SamplePath("model442_tally.qvd").c_str(), context.Data(), &info),
+            QV_OK);
+  EXPECT_STREQ(info.HeaderLine2, "442 31415");
+  EXPECT_STREQ(info.HeaderLine6, "TAL");
+  EXPECT_EQ(
+      QV_ReadFileHeader(SamplePath("general_settings_form.qvd").c_str(), context.Data(), &info),
+      QV_NO_TEXT_HEADER);
+  EXPECT_STREQ(info.HeaderLine1, "");
+}
+
 class SampleCensus : public testing::TestWithParam<samples::SampleEntry> {};
 
 TEST_P(SampleCensus, AgreesWithWhatTheTranslationDelivers) {
