@@ -11,7 +11,7 @@ const std::vector<SampleEntry>& AllSamples() {
       {"general_short_term.qvd", "a measurement of 15 minutes with summary and results",
        GeneralShortTerm},
       {"general_day.qvd", "a day of one-minute intervals with every optional block", GeneralDay},
-      {"general_time_history.qvd", "time histories of four forms with run markers",
+      {"general_time_history.qvd", "time histories of three forms with run markers",
        GeneralTimeHistory},
       {"general_settings_form.qvd", "settings form: no text header", GeneralSettingsForm},
       {"general_title_form.qvd", "title form: three title lines before the header",

@@ -54,7 +54,6 @@ class ResultsLines {
   void End();
 
   R& Record() { return record_; }
-  SampleBuilder& Sample() { return sample_; }
 
  private:
   SampleBuilder& sample_;
