@@ -6,6 +6,8 @@
 
 #include <array>
 #include <cerrno>
+#include <climits>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -45,6 +47,35 @@ void WriteAll(int descriptor, const char* bytes, std::size_t count) {
   }
 }
 
+// The temporary copy in use, for a handler of signals to remove; empty without one.
+std::array<char, PATH_MAX> spooledPath{};
+std::array<char, PATH_MAX> spooledFolder{};
+
+// Ctrl-C ends the program as ever, but leaves no copy behind. Calls only what a handler may call.
+void RemoveCopyAndEnd(int signal) {
+  unlink(spooledPath.data());
+  rmdir(spooledFolder.data());
+  std::signal(signal, SIG_DFL);
+  std::raise(signal);
+}
+
+void RemoveCopyOnSignals(const std::string& path, const std::string& folder) {
+  if (path.size() >= spooledPath.size()) return;
+  std::strcpy(spooledPath.data(), path.c_str());
+  std::strcpy(spooledFolder.data(), folder.c_str());
+  for (int const signal : {SIGINT, SIGTERM, SIGHUP}) {
+    // What whoever started the program wants ignored stays ignored.
+    if (std::signal(signal, RemoveCopyAndEnd) == SIG_IGN) std::signal(signal, SIG_IGN);
+  }
+}
+
+void RemoveCopy(const std::string& folder) {
+  if (folder.empty()) return;
+  std::error_code ignored;
+  std::filesystem::remove_all(folder, ignored);
+  spooledPath[0] = spooledFolder[0] = '\0';
+}
+
 }  // namespace
 
 InputFile::InputFile(const std::string& name) : name_(name), path_(name) {
@@ -55,16 +86,14 @@ InputFile::InputFile(const std::string& name) : name_(name), path_(name) {
     try {
       Spool(file.Number());
     } catch (...) {
-      std::error_code ignored;
-      if (!folder_.empty()) std::filesystem::remove_all(folder_, ignored);
+      RemoveCopy(folder_);
       throw;
     }
   }
 }
 
 InputFile::~InputFile() {
-  std::error_code ignored;
-  if (!folder_.empty()) std::filesystem::remove_all(folder_, ignored);
+  RemoveCopy(folder_);
 }
 
 void InputFile::Spool(int descriptor) {
@@ -73,6 +102,7 @@ void InputFile::Spool(int descriptor) {
   folder_ = pattern;
   // The end record tells the name of the file.
   path_ = folder_ + "/stdin";
+  RemoveCopyOnSignals(path_, folder_);
   Descriptor const copy(open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL, S_IRUSR | S_IWUSR));
   if (copy.Number() < 0) Fail("the temporary copy cannot be written");
   std::array<char, 65536> block;

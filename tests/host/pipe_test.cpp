@@ -92,6 +92,23 @@ TEST(Pipe, WithoutATemporaryFolderItSaysSo) {
   EXPECT_THAT(result.err, testing::StartsWith("qvslm: "));
 }
 
+// Ended by a signal while it still reads, it is ended by that signal and leaves no copy.
+TEST(Pipe, LeavesNothingWhenItIsInterrupted) {
+  for (const char* const signal : {"INT", "TERM", "HUP"}) {
+    Folder const temporary;
+    std::string const folder = temporary.Path();
+    // Job control keeps the shell from making the program deaf to INT.
+    Result const result = RunProgram(
+        {"bash", "-c",
+         std::string("set -m; ") + QVSLM_PROGRAM + " dump - < <(sleep 5) & until [ -e " + folder +
+             "/*/stdin ]; do sleep 0.02; done; kill -" + signal + " $!; wait $!; echo $?"},
+        {.temporary = folder});
+    int const expected = 128 + (signal[0] == 'I' ? 2 : signal[0] == 'T' ? 15 : 1);
+    EXPECT_EQ(result.out, std::to_string(expected) + "\n") << signal << result.err;
+    EXPECT_TRUE(temporary.Empty()) << signal;
+  }
+}
+
 // 9000 records are far more than a pipe holds: head has gone long before they are written.
 TEST(Pipe, EndsQuietlyWhenTheReaderHasGone) {
   Folder const temporary;
