@@ -284,7 +284,7 @@ TEST(Pump, EndLinesOfMoreThanEightyCharactersCountTwice) {
   };
   constexpr Row kRows[] = {{79, 1}, {80, 1}, {81, 2}, {100, 2}, {160, 2}};
   for (const Row& row : kRows) {
-    DataFile file = General().Line("E" + std::string(row.length - 3, 'x'));
+    DataFile file = General().Line(std::string("E").append(row.length - 3, 'x'));
     if (row.lines == 1) file.Line("second");
     Translation const run(file.Item(5, Mark(2)).EndOfData());
     EXPECT_EQ(run.Codes(), (std::vector<int>{5, 15})) << row.length;

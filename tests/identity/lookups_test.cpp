@@ -121,15 +121,15 @@ TEST(ReadFileSN, TheFileEndsWithinTheHeader) {
 
 // Lines are read in stretches of 80 characters, so no text outgrows the caller's buffer.
 TEST(ReadFileSN, LongLines) {
-  Instrument const plain = LookUp("L\r\n442" + std::string(200, 'x') + "\r\n3.6\r\n");
+  Instrument const plain = LookUp(std::string("L\r\n442") + std::string(200, 'x') + "\r\n3.6\r\n");
   EXPECT_EQ(plain.status, QV_OK);
   EXPECT_EQ(plain.model, 442);
   EXPECT_EQ(plain.serial, std::string(75, 'x'));  // 80, less the model and the last two
   EXPECT_EQ(plain.firmware, 0.0f);                // the next stretch of the same line
 
-  Instrument const settings = LookUp("Q233," + std::string(200, 'y') + "\r\n");
+  Instrument const settings = LookUp(std::string("Q233,") + std::string(200, 'y') + "\r\n");
   EXPECT_EQ(settings.status, QV_OK);
-  EXPECT_EQ(settings.serial, "A" + std::string(73, 'y'));
+  EXPECT_EQ(settings.serial, std::string("A") + std::string(73, 'y'));
 
   // The 'L' of a stretch within a line counts as one at its beginning.
   Instrument const within = LookUp(std::string(80, 'x') + "L\r\n431 5\r\n2.5\r\n");

@@ -152,7 +152,7 @@ TEST(FileHeader, SettingsForm) {
 }
 
 TEST(FileHeader, LinesAreCutToTheirField) {
-  std::string const forty = "L" + std::string(39, 'x');
+  std::string const forty = std::string("L") + std::string(39, 'x');
   EXPECT_EQ(ReadHeader(DataFile().Header({.FirstLine = forty})).info.HeaderLine1, forty);
   EXPECT_EQ(ReadHeader(DataFile().Header({.FirstLine = forty + "y"})).info.HeaderLine1,
             forty + "y");
@@ -167,7 +167,7 @@ TEST(FileHeader, LinesAreCutToTheirField) {
       ReadHeader(DataFile().Titles(eighty, eighty + "u", std::string(200, 'v')).Header({}));
   EXPECT_EQ(titles.info.TitleLine1, " " + eighty);
   EXPECT_EQ(titles.info.TitleLine2, " " + eighty);
-  EXPECT_EQ(titles.info.TitleLine3, " " + std::string(80, 'v'));
+  EXPECT_EQ(titles.info.TitleLine3, std::string(" ") + std::string(80, 'v'));
   EXPECT_STREQ(titles.info.HeaderLine2, "486 1234");
 }
 
@@ -194,12 +194,14 @@ TEST(FileHeader, LinesWithoutCarriageReturn) {
 
 // A line is read up to 254 characters; what is left of a longer one is the next line.
 TEST(FileHeader, LinesOfMoreThan254Characters) {
-  std::string const first = "L" + std::string(253, 'x');
+  std::string const first = std::string("L") + std::string(253, 'x');
   EXPECT_STREQ(ReadHeader(first + "442 77\r\n3.6\r\n").info.HeaderLine2, "442 77");
-  EXPECT_STREQ(ReadHeader("L" + std::string(252, 'x') + "442 77\r\n3.6\r\n").info.HeaderLine2,
-               "42 77");
-  EXPECT_STREQ(ReadHeader("L" + std::string(251, 'x') + "\r\n442 77\r\n").info.HeaderLine2,
-               "442 77");
+  EXPECT_STREQ(
+      ReadHeader(std::string("L") + std::string(252, 'x') + "442 77\r\n3.6\r\n").info.HeaderLine2,
+      "42 77");
+  EXPECT_STREQ(
+      ReadHeader(std::string("L") + std::string(251, 'x') + "\r\n442 77\r\n").info.HeaderLine2,
+      "442 77");
 }
 
 TEST(FileHeader, LinesThatAreMissingStayEmpty) {
