@@ -97,7 +97,12 @@ InputFile::~InputFile() {
 }
 
 void InputFile::Spool(int descriptor) {
-  std::string pattern = (std::filesystem::temp_directory_path() / "qvslm-XXXXXX").string();
+  std::error_code fault;
+  std::filesystem::path const temporary = std::filesystem::temp_directory_path(fault);
+  if (fault) {
+    throw FileError("there is no folder for a temporary copy: " + fault.message(), QV_CANNOT_OPEN);
+  }
+  std::string pattern = (temporary / "qvslm-XXXXXX").string();
   if (mkdtemp(pattern.data()) == nullptr) Fail("no temporary folder can be made");
   folder_ = pattern;
   // The end record tells the name of the file.
