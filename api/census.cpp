@@ -10,9 +10,9 @@
 #include "api/framing.h"
 #include "fields/byte_reader.h"
 #include "fields/data_file.h"
-#include "fields/levels.h"
 #include "fields/local_time.h"
 #include "fields/record_time.h"
+#include "fields/stream_levels.h"
 #include "identity/text_header.h"
 #include "models/models.h"
 #include "settings/settings.h"
@@ -176,25 +176,6 @@ i32 CountBands(i32& firstOffset, u32& count) {
   return Walk();
 }
 
-// One entry of a stream; byte is the last one read for it.
-i32 PassStreamEntry(u8& byte) {
-  const TranslateContext& context = *CurrentContext;
-  i32 status = 0;
-  byte = ReadByte(status);
-  if (status < 0 || byte == 0) return status;
-  bool const secondLevel = context.SecondLevelKind != 0;
-  if (byte <= 127) {
-    f32 level = 0;
-    status = DecodeStreamLevel(byte, level);
-    return secondLevel && status >= 0 ? DecodeStreamLevel2(level) : status;
-  }
-  bool const twoBytes = context.WholeDbStream == 0;
-  if (twoBytes) byte = ReadByte(status);
-  if (secondLevel && status >= 0) byte = ReadByte(status);
-  if (secondLevel && twoBytes && status >= 0) byte = ReadByte(status);
-  return status;
-}
-
 i32 CountStream(QvRecordCensus& census) {
   TranslateContext& context = *CurrentContext;
   if (context.FileOffset == std::numeric_limits<i32>::max()) return FailWith(QV_SEEK_FAILED);
@@ -206,7 +187,7 @@ i32 CountStream(QvRecordCensus& census) {
   u8 byte = 0;
   i32 status = 0;
   do {
-    status = PassStreamEntry(byte);
+    byte = PassStreamEntry(status);
     if (byte >= 1 && status >= 0) ++census.StreamEntries;
   } while (byte != 0 && status >= 0);
   context.AutoRefill = 0;

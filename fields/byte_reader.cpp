@@ -21,6 +21,12 @@ bool RefillRecordBuffer() {
   return true;
 }
 
+const u8* TakeLastBytes(u32 count) {
+  static u8 bytes[8];
+  for (u32 at = 0; at < count; ++at) bytes[at] = ReadByte();
+  return bytes;
+}
+
 void ReadRawBytes(u8* target, u32 count) {
   TranslateContext& context = *CurrentContext;
   i64 const left = std::max<i64>(0, static_cast<i64>(context.RecordLength) - context.RecordPos);

@@ -30,9 +30,23 @@ inline void SkipByte() {
   ReadByte();
 }
 
+// The next bytes of a field, eight at most, one behind the other. Behind the record's end they are
+// 0, and ErrorCode is that of the last one.
+const u8* TakeLastBytes(u32 count);
+inline const u8* TakeBytes(u32 count) {
+  TranslateContext& context = *CurrentContext;
+  i32 const position = context.RecordPos;
+  i32 const behind = position + static_cast<i32>(count);
+  if (behind > static_cast<i32>(context.RecordLength)) [[unlikely]]
+    return TakeLastBytes(count);
+  context.RecordPos = behind;
+  context.ErrorCode = 0;
+  return context.RecordBuffer + position;
+}
+
 inline u32 ReadWord() {
-  u32 const high = ReadByte();
-  return high * 256 + ReadByte();
+  const u8* const bytes = TakeBytes(2);
+  return bytes[0] * 256U + bytes[1];
 }
 
 // Copies count bytes of the record as they stand, 0 for those behind its end.

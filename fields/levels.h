@@ -1,55 +1,115 @@
 // The small field forms of the binary records. Sums and quotients are computed in double precision
 // and rounded to f32 when they are stored. Behind a record's end the bytes read as 0, and the
 // status of the last byte stands in ErrorCode.
+//
+// They run for every field of every record, and so stand here in full for the compiler to put in
+// place.
 #pragma once
 
 #include "api/context.h"
+#include "fields/byte_reader.h"
 
 namespace qvslm {
 
 inline constexpr f32 kNoLevel = QV_NO_LEVEL;
 
+inline f32 Stored(f64 value) {
+  return static_cast<f32>(value);
+}
+
 // Whole numbers, high byte first.
-void DecodeU8(u32& result);
-void DecodeU16(u32& result);
-void DecodeU16Short(u16& result);
-i32 DecodeU24();
+inline void DecodeU8(u32& result) {
+  result = ReadByte();
+}
+inline void DecodeU16(u32& result) {
+  result = ReadWord();
+}
+inline void DecodeU16Short(u16& result) {
+  result = static_cast<u16>(ReadWord());
+}
+inline i32 DecodeU24() {
+  const u8* const bytes = TakeBytes(3);
+  return bytes[0] * 65536 + bytes[1] * 256 + bytes[2];
+}
 
 // An event's code (bits 0x70, unshifted) and detail (bits 0x0F).
-void DecodeEventByte(u16& event, u16& detail);
+inline void DecodeEventByte(u16& event, u16& detail) {
+  u8 const byte = ReadByte();
+  event = byte & 0x70;
+  detail = byte & 0x0F;
+}
 
 // Bit 0x20 of a level mark's status, and its code: bits 0x87, 128 at most.
-void DecodeStatusByte(u16& flag, u16& code);
+inline void DecodeStatusByte(u16& flag, u16& code) {
+  u8 const byte = ReadByte();
+  flag = byte & 0x20;
+  code = byte & 0x87;
+  if (code > 128) code = 128;
+}
 
-// Whole number and 1/256 parts; the signed form counts a first byte of 192 and above as negative.
-// The form of three bytes has 1/65536 parts, which are rounded to f32 before they are added.
-void DecodeFixed16(f32& result);
-void DecodeSignedFixed16(f32& result);
-void DecodeFixed24(f32& result);
+// Whole number and 1/256 parts.
+inline void DecodeFixed16(f32& result) {
+  const u8* const bytes = TakeBytes(2);
+  result = Stored(bytes[0] + bytes[1] / 256.0);
+}
 
-// Levels with LevelOffset added. DecodeLevel has no value when its second byte is 0, the
-// zero-marked form when both are.
-void DecodeLevel(f32& result);
-void DecodeLevelZeroMarked(f32& result);
+// The same with a sign: a first byte of 192 and above counts as negative.
+inline void DecodeSignedFixed16(f32& result) {
+  const u8* const bytes = TakeBytes(2);
+  i32 const whole = bytes[0] >= 192 ? bytes[0] - 256 : bytes[0];
+  result = Stored(whole + bytes[1] / 256.0);
+}
+
+// Whole number and 1/65536 parts, which are rounded to f32 before they are added.
+inline void DecodeFixed24(f32& result) {
+  const u8* const bytes = TakeBytes(3);
+  f32 const fraction = Stored((bytes[1] * 256 + bytes[2]) / 65536.0);
+  result = Stored(bytes[0] + static_cast<f64>(fraction));
+}
+
+// A level with LevelOffset added. It has no value when its second byte is 0.
+inline void DecodeLevel(f32& result) {
+  const u8* const bytes = TakeBytes(2);
+  f64 const level = bytes[0] + bytes[1] / 256.0 + CurrentContext->LevelOffset;
+  result = bytes[1] == 0 ? kNoLevel : Stored(level);
+}
+
+// The same, without a value when both bytes are 0.
+inline void DecodeLevelZeroMarked(f32& result) {
+  const u8* const bytes = TakeBytes(2);
+  f64 const level = bytes[0] + bytes[1] / 256.0 + CurrentContext->LevelOffset;
+  result = bytes[0] + bytes[1] == 0 ? kNoLevel : Stored(level);
+}
 
 // An hour's level: negative with value 2 of the second byte clear, 0 with value 1 clear.
-void DecodeFlaggedLevel(f32& result);
+inline void DecodeFlaggedLevel(f32& result) {
+  const u8* const bytes = TakeBytes(2);
+  f32 level = Stored(bytes[0] + bytes[1] / 256.0);
+  if (bytes[0] + bytes[1] > 0) {
+    level = Stored(static_cast<f64>(level) + CurrentContext->LevelOffset);
+  }
+  if ((bytes[1] & 2) == 0) level = -level;
+  if ((bytes[1] & 1) == 0) level = 0;
+  result = level;
+}
 
 // A byte on the scale of an auxiliary channel.
-void DecodeScaledByte(const AuxiliaryChannel& channel, f32& result);
+inline void DecodeScaledByte(const AuxiliaryChannel& channel, f32& result) {
+  f64 const low = channel.Low;
+  result = Stored((channel.High - low) / 256.0 * ReadByte() + low);
+}
 
-void DecodeSpan(f32& result);
+inline void DecodeSpan(f32& result) {
+  u32 const value = ReadWord();
+  result = CurrentContext->Model == kModel442 ? static_cast<f32>(value)
+                                              : Stored(value * 12478.0 / 65536.0);
+}
 
 // Seconds, by the number of bytes: 3 (seconds and 1/65536), 5 (hours, minutes, seconds and 1/256)
 // or 6 (hours, minutes, seconds and 1/65536).
 void DecodeDuration(f32& result, i32 kind);
-void DecodeDuration5(f32& result);
-
-// Levels of a stream's samples. The first byte of the first level has been read. Returns a status.
-i32 DecodeStreamLevel(u8 first, f32& result);
-i32 DecodeStreamLevel2(f32& result);
-
-// What a stream of whole decibels adds for LevelOffset: a whole number, rounded down.
-f64 WholeLevelOffset();
+inline void DecodeDuration5(f32& result) {
+  DecodeDuration(result, 5);
+}
 
 }  // namespace qvslm

@@ -52,39 +52,87 @@ i32 In32Bits(i64 seconds) {
   return fits ? static_cast<i32>(seconds) : kNoTime;
 }
 
-// An hour of one daylight flag, as it was asked for, and its first second.
-struct Hour {
-  i32 year, month, day, hour;
-  bool known;
-  Instant start;
+// Civil days, hours and seconds that lie in one stretch of the zone: their first second, and the
+// stamp of that second.
+struct Stretch {
+  i64 key = kNoKey;
+  bool whole = false;  // checked to lie in one stretch
+  Instant start{};
+  static constexpr i64 kNoKey = -1;
 };
 
-constexpr int kHoursKept = 64;
-Hour hours[3][kHoursKept];
+// By daylight flag: not known, standard, daylight.
+constexpr int kFlags = 3;
+constexpr int kDaysKept = 32;
+constexpr int kHoursKept = 24;
+Stretch days[kFlags][kDaysKept];
+Stretch hours[kFlags][kHoursKept];  // of the days on which the clock changes
+
+constexpr i32 kSecondsOfHour = 3600;
+constexpr i32 kSecondsOfDay = 24 * kSecondsOfHour;
 
 bool InRange(const Calendar& c) {
   return c.Second >= 0 && c.Second < 60 && c.Minute >= 0 && c.Minute < 60 && c.Hour >= 0 &&
-         c.Hour < 24 && c.Day >= 1 && c.Day <= 31 && c.Month >= 0 && c.Month < 12;
+         c.Hour < 24 && c.Day >= 1 && c.Day <= 31 && c.Month >= 0 && c.Month < 12 && c.Year >= 0 &&
+         c.Year < 10000;
 }
 
-// Finds the hour of a stamp, or takes it up when its first and last second lie in one stretch.
-const Instant* FindHour(const Calendar& calendar) {
-  int const flag = calendar.DaylightFlag < 0 ? 0 : calendar.DaylightFlag > 0 ? 2 : 1;
-  Hour& hour = hours[flag][(calendar.Day * 24 + calendar.Hour) % kHoursKept];
-  if (hour.known && hour.hour == calendar.Hour && hour.day == calendar.Day &&
-      hour.month == calendar.Month && hour.year == calendar.Year) {
-    return &hour.start;
+// Takes up a stretch when its first and last second lie as far apart as they should.
+void TakeUp(Stretch& stretch, i64 key, Calendar first, Calendar last, i32 flag, i32 length) {
+  first.DaylightFlag = last.DaylightFlag = flag;
+  Instant const end = Resolve(last);
+  stretch.key = key;
+  stretch.start = Resolve(first);
+  const Calendar& stamp = stretch.start.stamp;
+  stretch.whole = end.seconds - stretch.start.seconds == length - 1 &&
+                  end.stamp.DaylightFlag == stamp.DaylightFlag && stamp.Hour == first.Hour &&
+                  stamp.Minute == 0 && stamp.Second == 0;
+}
+
+const Stretch& DayOf(const Calendar& calendar, i32 flag) {
+  i64 const key = (i64{calendar.Year} * 12 + calendar.Month) * 32 + calendar.Day;
+  Stretch& day = days[flag + 1][calendar.Day % kDaysKept];
+  if (day.key != key) {
+    Calendar first = calendar;
+    Calendar last = calendar;
+    first.Hour = first.Minute = first.Second = 0;
+    last.Hour = 23;
+    last.Minute = last.Second = 59;
+    TakeUp(day, key, first, last, flag, kSecondsOfDay);
   }
-  Calendar edge = calendar;
-  edge.Minute = edge.Second = 0;
-  Instant const first = Resolve(edge);
-  edge.Minute = edge.Second = 59;
-  Instant const last = Resolve(edge);
-  bool const oneStretch =
-      last.seconds - first.seconds == 3599 && first.stamp.DaylightFlag == last.stamp.DaylightFlag;
-  if (!oneStretch || first.stamp.Minute != 0 || first.stamp.Second != 0) return nullptr;
-  hour = {calendar.Year, calendar.Month, calendar.Day, calendar.Hour, true, first};
-  return &hour.start;
+  return day;
+}
+
+const Stretch& HourOf(const Calendar& calendar, i64 dayKey, i32 flag) {
+  i64 const key = dayKey * 24 + calendar.Hour;
+  Stretch& hour = hours[flag + 1][calendar.Hour];
+  if (hour.key != key) {
+    Calendar first = calendar;
+    Calendar last = calendar;
+    first.Minute = first.Second = 0;
+    last.Minute = last.Second = 59;
+    TakeUp(hour, key, first, last, flag, kSecondsOfHour);
+  }
+  return hour;
+}
+
+struct Remembered {
+  const Stretch* stretch = nullptr;  // null: the stamp must be converted
+  i32 offset = 0;                    // seconds behind its start
+};
+
+Remembered Recall(const Calendar& calendar, i32 flag) {
+  if (!InRange(calendar)) return {};
+  i32 const behindHour = calendar.Minute * 60 + calendar.Second;
+  const Stretch& day = DayOf(calendar, flag);
+  if (day.whole) return {&day, calendar.Hour * kSecondsOfHour + behindHour};
+  const Stretch& hour = HourOf(calendar, day.key, flag);
+  if (hour.whole) return {&hour, behindHour};
+  return {};
+}
+
+i32 KnownFlag(i32 flag) {
+  return flag < 0 ? -1 : flag > 0 ? 1 : 0;
 }
 
 }  // namespace
@@ -96,23 +144,31 @@ Calendar ClearedCalendar() {
 }
 
 void ForgetLocalTime() {
+  for (auto& flag : days) {
+    for (Stretch& day : flag) day.key = Stretch::kNoKey;
+  }
   for (auto& flag : hours) {
-    for (Hour& hour : flag) hour.known = false;
+    for (Stretch& hour : flag) hour.key = Stretch::kNoKey;
   }
 }
 
+i32 LocalSecondsAs(const Calendar& calendar, i32 flag) {
+  Remembered const known = Recall(calendar, KnownFlag(flag));
+  if (known.stretch != nullptr) return In32Bits(known.stretch->start.seconds + known.offset);
+  Calendar copy = calendar;
+  copy.DaylightFlag = flag;
+  return LocalSecondsAnew(copy);
+}
+
 i32 LocalSeconds(Calendar& calendar) {
-  if (InRange(calendar)) {
-    if (const Instant* const hour = FindHour(calendar)) {
-      i32 const minute = calendar.Minute;
-      i32 const second = calendar.Second;
-      calendar = hour->stamp;
-      calendar.Minute = minute;
-      calendar.Second = second;
-      return In32Bits(hour->seconds + i64{60} * minute + second);
-    }
-  }
-  return LocalSecondsAnew(calendar);
+  Remembered const known = Recall(calendar, KnownFlag(calendar.DaylightFlag));
+  if (known.stretch == nullptr) return LocalSecondsAnew(calendar);
+  Calendar const stamp = calendar;
+  calendar = known.stretch->start.stamp;
+  calendar.Hour = stamp.Hour;
+  calendar.Minute = stamp.Minute;
+  calendar.Second = stamp.Second;
+  return In32Bits(known.stretch->start.seconds + known.offset);
 }
 
 i32 LocalSecondsAnew(Calendar& calendar) {

@@ -35,7 +35,10 @@ void ForgetLocalTime();
 // would answer by the calls made before.
 i32 LocalSeconds(Calendar& calendar);
 
-// The same without the memory, for stamps outside a file.
+// The same for a daylight flag of its own; the calendar stays as it is.
+i32 LocalSecondsAs(const Calendar& calendar, i32 flag);
+
+// LocalSeconds without the memory, for stamps outside a file.
 i32 LocalSecondsAnew(Calendar& calendar);
 
 // The local stamp of seconds since 1970.

@@ -157,8 +157,7 @@ void FormatVoltage(f64 value, char* text, std::size_t size) {
 }
 
 void CopyText(char* field, std::size_t size, std::string_view text) {
-  std::size_t const length = std::min(text.size(), size - 1);
-  std::memcpy(field, text.data(), length);
+  std::size_t const length = text.copy(field, size - 1);
   field[length] = '\0';
 }
 

@@ -24,14 +24,9 @@ void ForgetRunningTimes() {
 }
 
 i32 NormalizeTime(Calendar& calendar, i32* slot) {
-  Calendar hinted = calendar;
-  hinted.DaylightFlag = DstHint;
-  i32 seconds = LocalSeconds(hinted);
+  i32 seconds = LocalSecondsAs(calendar, DstHint);
   if (slot != nullptr) {
-    if (seconds < *slot) {
-      hinted = calendar;
-      seconds = LocalSeconds(hinted);
-    }
+    if (seconds < *slot) seconds = LocalSecondsAs(calendar, calendar.DaylightFlag);
     *slot = seconds;
   }
   if (seconds >= DstSpanStart && seconds <= DstSpanEnd) calendar.DaylightFlag = DstHint;

@@ -77,8 +77,7 @@ void TakeModel(const HeaderLine& line) {
   std::string_view serial = Columns(line.View(), 3);
   serial.remove_suffix(std::min<std::size_t>(serial.size(), 2));
   std::memset(context.EndRecord.SerialText, 0, sizeof context.EndRecord.SerialText);
-  std::memcpy(context.EndRecord.SerialText, serial.data(),
-              std::min(serial.size(), sizeof context.EndRecord.SerialText));
+  serial.copy(context.EndRecord.SerialText, sizeof context.EndRecord.SerialText);
 }
 
 void TakeFirmware(const HeaderLine& line) {

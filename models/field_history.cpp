@@ -1,6 +1,6 @@
 #include "fields/byte_reader.h"
-#include "fields/levels.h"
 #include "fields/output_record.h"
+#include "fields/stream_levels.h"
 #include "fields/whole_number.h"
 #include "models/list_blocks.h"
 #include "models/models.h"

@@ -1,7 +1,7 @@
 #include "models/stream_fields.h"
 
 #include "fields/byte_reader.h"
-#include "fields/levels.h"
+#include "fields/stream_levels.h"
 #include "fields/whole_number.h"
 
 namespace qvslm {
@@ -19,10 +19,6 @@ Pair ReadPair() {
   u32 const hi = ReadByte(status);
   u32 const lo = CurrentContext->WholeDbStream == 0 ? ReadByte(status) : u8{0};
   return {hi, lo, status};
-}
-
-f32 Stored(f64 value) {
-  return static_cast<f32>(value);
 }
 
 }  // namespace

@@ -3,9 +3,9 @@
 
 #include "fields/byte_reader.h"
 #include "fields/data_file.h"
-#include "fields/levels.h"
 #include "fields/output_record.h"
 #include "fields/record_time.h"
+#include "fields/stream_levels.h"
 #include "fields/whole_number.h"
 #include "records/records.h"
 
@@ -27,39 +27,57 @@ struct Entry {
   u8 lastByte = 0;
 };
 
-bool IsMarker(u8 byte) {
-  return byte > 127;
-}
+// Reads entries from RecordBuffer. The place in it is written back when the call's entries are
+// read.
+class EntryReader {
+ public:
+  i32 Read(Entry& entry) {
+    entry.lastByte = Next();
+    if (entry.lastByte > kHighestSample) {
+      ReadMarker(entry);
+    } else if (entry.lastByte != 0) {
+      ReadSample(entry);
+    }
+    return status_;
+  }
 
-// Reads the rest of an entry that begins with the last byte.
-i32 ReadMarker(Entry& entry) {
-  const TranslateContext& context = *CurrentContext;
-  i32 status = 0;
-  entry.first = -static_cast<f32>(entry.lastByte);
-  if (context.WholeDbStream == 0) entry.lastByte = ReadByte(status);
-  if (context.SecondLevelKind != 0 && status >= 0) {
-    entry.lastByte = ReadByte(status);
+  i32 Position() const { return static_cast<i32>(next_ - CurrentContext->RecordBuffer); }
+
+ private:
+  static constexpr u8 kHighestSample = 127;
+
+  u8 Next() {
+    if (next_ == end_) {
+      status_ = QV_RECORD_TOO_SHORT;
+      return 0;
+    }
+    return *next_++;
+  }
+
+  void ReadMarker(Entry& entry) {
+    entry.first = -static_cast<f32>(entry.lastByte);
+    if (levels_.twoBytes) entry.lastByte = Next();
+    if (!levels_.secondLevels) return;
+    entry.lastByte = Next();
     entry.second = entry.lastByte;
-    if (context.WholeDbStream == 0 && status >= 0) entry.lastByte = ReadByte(status);
+    if (levels_.twoBytes) entry.lastByte = Next();
   }
-  return status;
-}
 
-i32 ReadSample(Entry& entry) {
-  i32 status = DecodeStreamLevel(entry.lastByte, entry.first);
-  if (CurrentContext->SecondLevelKind != 0 && status >= 0) {
-    status = DecodeStreamLevel2(entry.second);
+  void ReadSample(Entry& entry) {
+    u32 const lo = levels_.twoBytes ? Next() : u8{0};
+    if (status_ < 0) return;
+    entry.first = levels_.First(entry.lastByte, lo);
+    if (!levels_.secondLevels) return;
+    u32 const hi2 = Next();
+    u32 const lo2 = levels_.twoBytes ? Next() : u8{0};
+    if (status_ >= 0) entry.second = levels_.Second(hi2, lo2);
   }
-  return status;
-}
 
-// Reads one entry; 0 as last byte is the end of the stream.
-i32 ReadEntry(Entry& entry) {
-  i32 status = 0;
-  entry.lastByte = ReadByte(status);
-  if (status < 0 || entry.lastByte == 0) return status;
-  return IsMarker(entry.lastByte) ? ReadMarker(entry) : ReadSample(entry);
-}
+  StreamLevels levels_ = StreamLevelsInForce();
+  const u8* next_ = CurrentContext->RecordBuffer;
+  const u8* end_ = next_ + CurrentContext->RecordLength;
+  i32 status_ = 0;
+};
 
 u16 StreamFlags() {
   u32 const kind = CurrentContext->SecondLevelKind;
@@ -125,11 +143,12 @@ i32 DecodeStream() {
   std::memset(context.Output, 0, sizeof(QvTimeHistory));
   ReadRecordBlock(kStreamBlock);
 
+  EntryReader reader;
   Entry entry;
   i32 status = 0;
   u32 collected = 0;
   do {
-    status = ReadEntry(entry);
+    status = reader.Read(entry);
     if (entry.lastByte == 0 || status < 0) break;
     status = CollectSample(entry.first, entry.second);
     ++collected;
@@ -139,6 +158,8 @@ i32 DecodeStream() {
     context.LastError = 0;
     std::memcpy(context.ErrorText, kNoErrorText, sizeof kNoErrorText);
   }
+
+  context.RecordPos = reader.Position();
 
   bool const ended = entry.lastByte == 0;
   if (ended && context.SamplesPending > 0) status = FinishSampleRecord();
@@ -156,11 +177,9 @@ i32 SkipStreamBlock() {
   context.RecordLength = kStreamBlock;
   context.AutoRefill = 1;
   ReadRecordBlock(kStreamBlock);
-  Entry entry;
   i32 status = 0;
-  do {
-    status = ReadEntry(entry);
-  } while (entry.lastByte != 0 && status >= 0);
+  while (PassStreamEntry(status) != 0 && status >= 0) {
+  }
   context.AutoRefill = 0;
   if (context.FileOffset > std::numeric_limits<i32>::max() - context.RecordPos) {
     return FailWith(QV_SEEK_FAILED);

@@ -117,7 +117,7 @@ DataFile& DataFile::Line(std::string_view text) {
 
 DataFile& DataFile::Titles(std::string_view first, std::string_view second,
                            std::string_view third) {
-  for (std::string_view const title : {first, second, third}) Line("@" + std::string(title));
+  for (std::string_view const title : {first, second, third}) Line(std::string("@").append(title));
   return *this;
 }
 
@@ -137,17 +137,17 @@ DataFile& DataFile::Header(const TextHeader& header) {
 DataFile& DataFile::Q(int number, std::string_view value) {
   char head[8];
   std::snprintf(head, sizeof head, "Q%3d,", number % 1000);
-  return Line(head + std::string(value));
+  return Line(std::string(head).append(value));
 }
 
 DataFile& DataFile::R(int number, std::string_view value) {
   char head[8];
   std::snprintf(head, sizeof head, "R%3d,", number % 1000);
-  return Line(head + std::string(value));
+  return Line(std::string(head).append(value));
 }
 
 DataFile& DataFile::EndLines(std::string_view first, std::string_view second) {
-  return Line("E" + std::string(first)).Line(second);
+  return Line(std::string("E").append(first)).Line(second);
 }
 
 DataFile& DataFile::Item(int type, const Body& body) {

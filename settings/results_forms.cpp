@@ -200,7 +200,7 @@ void StoreSevenNames(const Register& row, std::string_view value, ResultsBlock& 
   for (int name = 0; name < 7; ++name) {
     std::string_view const text = Columns(value, from, kName);
     std::memset(field, 0, kName + 1);
-    std::memcpy(field, text.data(), text.size());
+    text.copy(field, kName);
     field += kName + 1;
     from += name == 5 ? kName + 1 : kName;
   }

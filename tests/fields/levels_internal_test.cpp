@@ -6,6 +6,7 @@
 #include <initializer_list>
 
 #include "fields/levels.h"
+#include "fields/stream_levels.h"
 
 namespace {
 

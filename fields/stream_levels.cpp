@@ -1,0 +1,85 @@
+#include "fields/stream_levels.h"
+
+#include "fields/byte_reader.h"
+#include "fields/whole_number.h"
+
+namespace qvslm {
+
+namespace {
+
+constexpr u8 kHighestSample = 127;
+
+bool HasOldSecondLevels() {
+  i16 const model = CurrentContext->Model;
+  f64 const version = CurrentContext->FirmwareVersion;
+  if (model == kDefaultModel) return version < 1.111;
+  return model < kDefaultModel && !IsModel431Or442() && version < 1.127;
+}
+
+f64 OffsetInForce() {
+  const TranslateContext& context = *CurrentContext;
+  if (context.Model == kModel442) return context.StreamLevelBase;
+  return context.WholeDbStream != 0 ? WholeLevelOffset() : context.LevelOffset;
+}
+
+}  // namespace
+
+f64 WholeLevelOffset() {
+  f32 const offset = CurrentContext->LevelOffset;
+  f64 whole = TruncateToI32(offset);
+  if (offset < 0 && TruncateToI32(offset * 10.0) % 10 != 0) whole -= 1.0;
+  return whole;
+}
+
+StreamLevels StreamLevelsInForce() {
+  const TranslateContext& context = *CurrentContext;
+  u16 const kind = context.SecondLevelKind;
+  bool const raised = kind < 3 || (kind == 3 && HasOldSecondLevels());
+  return {
+      .twoBytes = context.WholeDbStream == 0,
+      .secondLevels = kind != 0,
+      .firstPart = context.Model == kModel442 ? 1 / 256.0 : 2 / 256.0,
+      .offset = OffsetInForce(),
+      .secondRaise = raised ? 16.0 : 0.0,
+      .plainSecond = kind == 4,
+  };
+}
+
+i32 DecodeStreamLevel(u8 first, f32& result) {
+  TranslateContext& context = *CurrentContext;
+  u32 lo = 0;
+  if (context.WholeDbStream == 0) {
+    lo = ReadByte();
+    if (context.ErrorCode < 0) return context.ErrorCode;
+  }
+  result = StreamLevelsInForce().First(first, lo);
+  return 0;
+}
+
+i32 DecodeStreamLevel2(f32& result) {
+  TranslateContext& context = *CurrentContext;
+  u32 const hi = ReadByte();
+  if (context.ErrorCode < 0) return context.ErrorCode;
+  u32 lo = 0;
+  if (context.WholeDbStream == 0) {
+    lo = ReadByte();
+    if (context.ErrorCode < 0) return context.ErrorCode;
+  }
+  result = StreamLevelsInForce().Second(hi, lo);
+  return 0;
+}
+
+u8 PassStreamEntry(i32& status) {
+  const TranslateContext& context = *CurrentContext;
+  bool const twoBytes = context.WholeDbStream == 0;
+  bool const secondLevel = context.SecondLevelKind != 0;
+  u8 const first = ReadByte(status);
+  if (status < 0 || first == 0) return first;
+  u8 last = first;
+  if (twoBytes) last = ReadByte(status);
+  if (secondLevel && status >= 0) last = ReadByte(status);
+  if (secondLevel && twoBytes && status >= 0) last = ReadByte(status);
+  return first <= kHighestSample ? first : last;
+}
+
+}  // namespace qvslm

@@ -1,0 +1,47 @@
+// The levels of a sample stream.
+#pragma once
+
+#include "api/context.h"
+#include "fields/levels.h"
+
+namespace qvslm {
+
+// What a stream of whole decibels adds for LevelOffset: a whole number, rounded down.
+f64 WholeLevelOffset();
+
+// What the settings in force make of the bytes of a sample.
+struct StreamLevels {
+  bool twoBytes;      // else whole decibels
+  bool secondLevels;  // samples have a second level
+  f64 firstPart;      // weight of the second byte in the first level
+  f64 offset;         // added to levels
+  f64 secondRaise;    // added to the second level besides
+  bool plainSecond;   // second levels are neither marked nor raised
+
+  f32 First(u32 hi, u32 lo) const {
+    f32 const level = Stored(hi + lo * firstPart);
+    return hi + lo < 1 ? level : Stored(level + offset);
+  }
+
+  // A sum of 0 or 2 stands for no level.
+  f32 Second(u32 hi, u32 lo) const {
+    f32 const level = Stored(hi + 2 * lo / 256.0);
+    if (plainSecond) return level;
+    if (hi + lo == 0 || hi + lo == 2) return kNoLevel;
+    f32 const raised = Stored(level + offset);
+    return secondRaise == 0 ? raised : Stored(raised + secondRaise);
+  }
+};
+
+StreamLevels StreamLevelsInForce();
+
+// The first level of a sample, whose first byte has been read, and the second one. Each returns a
+// status; a level whose bytes are missing is left as it was.
+i32 DecodeStreamLevel(u8 first, f32& result);
+i32 DecodeStreamLevel2(f32& result);
+
+// Passes one entry of a stream, sample or marker, without a look at its levels. Returns the byte
+// that tells whether the stream goes on: a sample's first, a marker's last; 0 is its end.
+u8 PassStreamEntry(i32& status);
+
+}  // namespace qvslm
