@@ -3,18 +3,19 @@
 # a host in C99 and one in C++17 against it by find_package and by pkg-config, and against the
 # sources by add_subdirectory. Each host walks a sample file.
 #
-#   tests/consumer/run.sh BUILD     BUILD: a build folder with the library and qvslm built
+#   tests/consumer/run.sh [BUILD]     BUILD: a folder in which the library and qvslm are built;
+#                                     build/dev without it
 #
 # One line for each test; the last line is "consumer: N passed, N failed".
 set -uo pipefail
 
-if [ $# -ne 1 ]; then
-  echo "usage: tests/consumer/run.sh BUILD" >&2
+if [ $# -gt 1 ]; then
+  echo "usage: tests/consumer/run.sh [BUILD]" >&2
   exit 2
 fi
 here=$(cd "$(dirname "$0")" && pwd)
 sources=$(cd "$here/../.." && pwd)
-build=$(cd "$1" && pwd) || exit 2
+build=$(cd "${1:-$sources/build/dev}" && pwd) || exit 2
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 prefix=$work/moved
