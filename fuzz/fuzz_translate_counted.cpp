@@ -1,0 +1,26 @@
+// A census, and then a whole translation, held against each other.
+
+#include "fuzz/census_agreement.h"
+#include "fuzz/census_run.h"
+#include "fuzz/memory_file.h"
+#include "fuzz/oracles.h"
+#include "fuzz/translation_run.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static fuzz::MemoryFile file;
+  file.Hold(data, size);
+  fuzz::Census const census = fuzz::RunCensus(file.Path(), size);
+  // The mode of a file is that of all its intervals.
+  std::size_t const interval =
+      census.counts.Intervals > 0 ? sizeof(QvInterval) : sizeof(QvBandInterval);
+  auto const first = fuzz::Translate(file.Path(), size, fuzz::ContextUse::Steady, interval);
+  auto const second = fuzz::Translate(file.Path(), size, fuzz::ContextUse::Moved, interval);
+  fuzz::Expect(first.startStatus == second.startStatus && first.log == second.log,
+               "two translations of a file give the same records");
+  fuzz::Expect(fuzz::RunCensus(file.Path(), size) == census,
+               "a census behind a translation gives the same counts");
+  fuzz::ExpectAgreement({data, size}, census, first.delivered);
+  return 0;
+}

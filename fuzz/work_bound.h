@@ -1,0 +1,47 @@
+// Holds each call of the library to a bound of work, and to closing what it opened.
+//
+// The C stream calls of a target are wrapped at link time (--wrap) and counted. A call is let
+// through Bounded(), which compares what it did with what a file of that size justifies.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "fuzz/oracles.h"
+
+namespace fuzz {
+
+struct Work {
+  std::uint64_t streamCalls;   // fread and fseek
+  std::int64_t filesOpen;      // fopen less fclose
+  std::int64_t processorTime;  // nanoseconds of this thread
+};
+
+Work WorkSoFar();
+
+// How work may grow with the size of the file.
+enum class Growth {
+  Linear,    // a walk over the file, or a part of it
+  Quadratic  // the census of model 431 looks for a line of its own behind each results block
+};
+
+void ExpectBound(const Work& before, const Work& after, std::size_t fileSize, Growth growth);
+
+template <class Call>
+auto Bounded(std::size_t fileSize, Growth growth, Call call) {
+  Work const before = WorkSoFar();
+  auto const result = call();
+  ExpectBound(before, WorkSoFar(), fileSize, growth);
+  return result;
+}
+
+// For calls that leave no file open.
+template <class Call>
+auto BoundedAndClosed(std::size_t fileSize, Growth growth, Call call) {
+  std::int64_t const open = WorkSoFar().filesOpen;
+  auto const result = Bounded(fileSize, growth, call);
+  Expect(WorkSoFar().filesOpen == open, "a call left its file open");
+  return result;
+}
+
+}  // namespace fuzz
