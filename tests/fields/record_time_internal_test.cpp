@@ -39,6 +39,19 @@ class RecordTime : public testing::Test {
   test::ScopedZone const zone_{"Europe/Berlin"};
 };
 
+// What stands there before any census of the process.
+struct {
+  i16 hint = DstHint;
+  i32 start = DstSpanStart;
+  i32 end = DstSpanEnd;
+} const kFresh;
+
+TEST(FreshProcess, HasTheSpanOfOneInstant) {
+  EXPECT_EQ(kFresh.hint, 0);
+  EXPECT_EQ(kFresh.start, 0);
+  EXPECT_EQ(kFresh.end, 0);
+}
+
 constexpr i32 kNever = std::numeric_limits<i32>::min();
 
 TEST_F(RecordTime, ClearedCalendar) {
@@ -139,7 +152,7 @@ TEST_F(RecordTime, CallersFlag) {
 // The conversion brings the calendar into range and resolves its flag.
 TEST_F(RecordTime, CalendarIsWrittenBack) {
   Calendar calendar = At(2024, 6, 31, 25, 61);
-  EXPECT_EQ(NormalizeTime(calendar, nullptr), Utc(2024, 7, 2, 0, 1));
+  EXPECT_EQ(LocalSeconds(calendar), Utc(2024, 7, 2, 0, 1));
   EXPECT_EQ(calendar.Year, 124);
   EXPECT_EQ(calendar.Month, 6);
   EXPECT_EQ(calendar.Day, 2);

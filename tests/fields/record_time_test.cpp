@@ -268,6 +268,21 @@ TEST_F(Berlin, SettingsBlockIsReadWithTheSpan) {
   EXPECT_EQ(counted.As<QvSettings>(0, QV_SETTINGS).BlockTime, Utc(2024, 10, 27, 3));
 }
 
+// The lines of one settings block share a calendar, and each date line brings it into range: the
+// second date finds the hour and the daylight flag that came of the first.
+TEST_F(Berlin, SecondDateOfASettingsBlock) {
+  ForgetSpan();
+  auto const blockTime = [](const char* time, const char* first, const char* second) {
+    DataFile file;
+    file.Q(6, time).Q(7, first).Q(7, second).EndOfData();
+    return Translation(file).As<QvSettings>(0, QV_SETTINGS).BlockTime;
+  };
+  EXPECT_EQ(blockTime("25:00:00", "21Jun2024", "22Jun2024"), Utc(2024, 6, 21, 23));
+  EXPECT_EQ(blockTime("12:00:00", "21Jun2024", "15Jan2024"), Utc(2024, 1, 15, 10));
+  EXPECT_EQ(blockTime("12:00:00", "15Jan2024", "21Jun2024"), Utc(2024, 6, 21, 11));
+  EXPECT_EQ(blockTime("12:00:00", "20Jun2024", "21Jun2024"), Utc(2024, 6, 21, 10));
+}
+
 // Berlin, 31 March 2024: 02:00 standard time is 03:00 summer time, 01:00 UTC.
 TEST_F(Berlin, SkippedHourIsStandardTime) {
   EXPECT_EQ(Plain(General(), {{2024, 3, 31, 1, 59, 59}, {2024, 3, 31, 2, 30}, {2024, 3, 31, 3}}),

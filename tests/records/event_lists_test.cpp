@@ -100,6 +100,19 @@ TEST(EventLists, DoNotFillEachOther) {
   EXPECT_EQ(MarkerTimes(run), std::vector{kMidnight + 1000});
 }
 
+// Nor does what is too much for one list run into the other.
+TEST(EventLists, DoNotRunIntoEachOther) {
+  auto file = General();
+  file.Item(4, NumberedEvent(1000, 32)).Item(4, NumberedEvent(2000, 64));
+  for (int i = 1; i <= 310; ++i) {
+    file.Item(4, NumberedEvent(i, 64)).Item(4, NumberedEvent(3000 + i, 32));
+  }
+  AddMarkers(file, 0xC0, 1);
+  AddMarkers(file, 0xA0, 1);
+  Translation const run(file.EndOfData());
+  EXPECT_EQ(MarkerTimes(run), (std::vector{kMidnight + 2000, kMidnight + 1000}));
+}
+
 // File order, not time order.
 TEST(EventLists, AreNotSorted) {
   auto file = General();

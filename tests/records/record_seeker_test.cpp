@@ -219,6 +219,43 @@ TEST(RecordSeeker, ItemsOnTheWay) {
   }
 }
 
+// The owner itself may be as long as a record may be, and as short.
+TEST(RecordSeeker, LengthOfTheOwner) {
+  struct {
+    std::size_t length;
+    std::optional<int> hour;
+  } const rows[] = {{7, 2}, {10, 2}, {6200, 2}, {6201, kNotFound}};
+  for (const auto& row : rows) {
+    std::string const longest = MarkAt({2024, 6, 21, 2}).Fill(6200).Bytes();
+    DataFile file = General();
+    Mark(file, 1);
+    Bands(file, {2}).Item(5, Body().Raw(std::string_view(longest).substr(0, row.length)));
+    Translation const run(file.EndOfData(), {.mostSteps = 2});
+    EXPECT_EQ(OwnerHours(run), Hours{row.hour}) << row.length;
+  }
+}
+
+// An owner without any byte is found: its missing date reads as the first day of 2000.
+TEST(RecordSeeker, EmptyOwner) {
+  struct {
+    int ownerType, bandType;
+  } constexpr kRows[] = {{5, 131}, {2, 130}, {1, 129}, {1, 132}};
+  for (const auto& row : kRows) {
+    int const number = row.bandType == 132 ? 0 : 1;
+    test::TempFile const stored(
+        test::Startable(General()
+                            .Item(row.ownerType, Body())
+                            .Item(row.bandType, Body().U16(number).PadTo(211))
+                            .EndOfData()));
+    test::Session session;
+    ASSERT_EQ(session.Start(stored.Path()), QV_OK);
+    session.Next();
+    EXPECT_EQ(session.Next(), QV_RECORD_TOO_SHORT) << row.bandType;
+    EXPECT_EQ(session.As<QvLevelMarkBands>().RecordTime, Utc(2000, 1, 1)) << row.bandType;
+    EXPECT_EQ(session.Next(), QV_END_OF_DATA) << row.bandType;
+  }
+}
+
 // After a byte that ends the walk the family is lost until the pump meets its next record.
 TEST(RecordSeeker, UnknownItemLosesTheFamily) {
   DataFile file = General();
