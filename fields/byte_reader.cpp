@@ -4,8 +4,6 @@
 #include <cstring>
 #include <limits>
 
-#include "fields/data_file.h"
-
 namespace qvslm {
 
 bool RefillRecordBuffer() {
@@ -35,20 +33,6 @@ void ReadRawBytes(u8* target, u32 count) {
   std::memset(target + there, 0, count - there);
   context.RecordPos += static_cast<i32>(there);
   context.ErrorCode = there == count ? QV_OK : QV_RECORD_TOO_SHORT;
-}
-
-u32 ReadLengthU16() {
-  i32 const high = ReadFileByte();
-  i32 const low = ReadFileByte();
-  return static_cast<u32>(high * 256 + low);
-}
-
-std::size_t ReadRecordBlock(u32 count) {
-  TranslateContext& context = *CurrentContext;
-  std::size_t const came = ReadFileBlock(context.RecordBuffer, std::min(count, kLongestRecord));
-  context.BytesRead = count > 0 && came == count;
-  context.RecordPos = 0;
-  return came;
 }
 
 }  // namespace qvslm

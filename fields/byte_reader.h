@@ -2,6 +2,7 @@
 #pragma once
 
 #include "api/context.h"
+#include "fields/data_file.h"
 
 namespace qvslm {
 
@@ -54,10 +55,22 @@ void ReadRawBytes(u8* target, u32 count);
 
 // A length of two bytes, high byte first, straight from the file. At the end of the file it comes
 // out above every length that a record may have.
-u32 ReadLengthU16();
+inline u32 ReadLengthU16() {
+  u8 bytes[2];
+  std::size_t const came = ReadFileBlock(bytes, sizeof bytes);
+  i32 const high = came > 0 ? bytes[0] : -1;
+  i32 const low = came > 1 ? bytes[1] : -1;
+  return static_cast<u32>(high * 256 + low);
+}
 
 // Reads count bytes from the file to the head of RecordBuffer, as far as they come, and lets the
 // record begin there. Returns how many came.
-std::size_t ReadRecordBlock(u32 count);
+inline std::size_t ReadRecordBlock(u32 count) {
+  TranslateContext& context = *CurrentContext;
+  std::size_t const came = ReadFileBlock(context.RecordBuffer, count);
+  context.BytesRead = count > 0 && came == count;
+  context.RecordPos = 0;
+  return came;
+}
 
 }  // namespace qvslm

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <limits>
 
 namespace qvslm {
+
+ReadingPlace Reading{};
 
 namespace {
 
@@ -23,71 +24,66 @@ struct Window {
 };
 
 Window windows[2];
-Window* window = &windows[0];  // the one that is read from
-const u8* next = windows[0].bytes;
-const u8* limit = windows[0].bytes;
-std::FILE* windowsFile = nullptr;  // whose bytes the windows hold
-i64 streamPosition = kUnknown;     // where the C stream stands
-bool seekable = false;
+int inUse = 0;                  // the window that is read from
+i64 streamPosition = kUnknown;  // where the C stream stands
 
-void ForgetWindows(std::FILE* file) {
-  windowsFile = file;
-  for (Window& each : windows) each.size = 0;
-  window = &windows[0];
-  window->start = 0;
-  next = limit = window->bytes;
-  streamPosition = kUnknown;
-  seekable = false;
+// Reads on in a window, from an offset within its bytes or right behind them.
+void ReadFrom(int at, i64 offset) {
+  const Window& window = windows[at];
+  inUse = at;
+  Reading.next = window.bytes + (offset - window.start);
+  Reading.limit = window.bytes + window.size;
+  Reading.limitOffset = window.start + static_cast<i64>(window.size);
 }
 
-// Empties the window that is not in use and reads on at the offset from there.
+// Empties the window that is not in use, and reads on at the offset from there.
 void StartWindow(i64 offset) {
-  window = window == &windows[0] ? &windows[1] : &windows[0];
-  window->start = offset;
-  window->size = 0;
-  next = limit = window->bytes;
+  int const other = 1 - inUse;
+  windows[other].start = offset;
+  windows[other].size = 0;
+  ReadFrom(other, offset);
+}
+
+void ForgetWindows(std::FILE* file) {
+  for (Window& window : windows) window.size = 0;
+  streamPosition = kUnknown;
+  Reading.file = file;
+  Reading.seekable = false;
+  StartWindow(0);
 }
 
 // Makes the windows those of the file in hand.
 void UseFile() {
   std::FILE* const file = CurrentContext->File;
-  if (file == windowsFile) return;
+  if (IsReading(file)) return;
   ForgetWindows(file);
   if (file == nullptr) return;
   streamPosition = std::ftell(file);
-  seekable = streamPosition >= 0 && std::fseek(file, 0, SEEK_CUR) == 0;
+  Reading.seekable = streamPosition >= 0 && std::fseek(file, 0, SEEK_CUR) == 0;
   StartWindow(std::max<i64>(streamPosition, 0));
+}
+
+bool SeekStream(i64 offset, int origin) {
+  bool const reached = offset <= std::numeric_limits<long>::max() &&
+                       std::fseek(Reading.file, static_cast<long>(offset), origin) == 0;
+  streamPosition = kUnknown;
+  return reached;
 }
 
 // Reads the bytes behind the window into the other one. False at the end of the file.
 bool Refill() {
-  if (windowsFile == nullptr) return false;
-  i64 const position = window->start + (next - window->bytes);
+  if (Reading.file == nullptr) return false;
+  i64 const position = Reading.limitOffset;
   StartWindow(position);
-  if (seekable && streamPosition != position) {
-    if (position > std::numeric_limits<long>::max() ||
-        std::fseek(windowsFile, static_cast<long>(position), SEEK_SET) != 0) {
-      streamPosition = kUnknown;
-      return false;
-    }
+  if (Reading.seekable && streamPosition != position && !SeekStream(position, SEEK_SET)) {
+    return false;
   }
-  window->size = std::fread(window->bytes, 1, kWindowSize, windowsFile);
-  limit = window->bytes + window->size;
+  Window& window = windows[inUse];
+  window.size = std::fread(window.bytes, 1, kWindowSize, Reading.file);
+  ReadFrom(inUse, position);
   // Behind the end of the file the stream keeps saying so until it is sought anew.
-  streamPosition =
-      window->size == kWindowSize ? position + static_cast<i64>(kWindowSize) : kUnknown;
-  return window->size > 0;
-}
-
-bool UseWindowHolding(i64 offset) {
-  for (Window& each : windows) {
-    if (!each.Holds(offset)) continue;
-    window = &each;
-    next = each.bytes + (offset - each.start);
-    limit = each.bytes + each.size;
-    return true;
-  }
-  return false;
+  streamPosition = window.size == kWindowSize ? Reading.limitOffset : kUnknown;
+  return window.size > 0;
 }
 
 }  // namespace
@@ -108,14 +104,20 @@ void CloseDataFile() {
   ForgetWindows(nullptr);
 }
 
-i32 SeekDataFile(i64 offset) {
+i64 TakeUpPosition() {
   UseFile();
-  if (!seekable || offset < 0) return -1;
-  if (offset == FilePosition() || UseWindowHolding(offset)) return 0;
-  if (offset > std::numeric_limits<long>::max() ||
-      std::fseek(windowsFile, static_cast<long>(offset), SEEK_SET) != 0) {
-    return -1;
+  return Reading.limitOffset - (Reading.limit - Reading.next);
+}
+
+i32 SeekElsewhere(i64 offset) {
+  UseFile();
+  if (!Reading.seekable || offset < 0) return -1;
+  for (int at = 0; at < 2; ++at) {
+    if (!windows[at].Holds(offset)) continue;
+    ReadFrom(at, offset);
+    return 0;
   }
+  if (!SeekStream(offset, SEEK_SET)) return -1;
   streamPosition = offset;
   StartWindow(offset);
   return 0;
@@ -123,33 +125,23 @@ i32 SeekDataFile(i64 offset) {
 
 i32 SeekFromEnd(i64 distance) {
   UseFile();
-  if (!seekable || std::fseek(windowsFile, static_cast<long>(distance), SEEK_END) != 0) return -1;
-  streamPosition = std::ftell(windowsFile);
+  if (!Reading.seekable || !SeekStream(distance, SEEK_END)) return -1;
+  streamPosition = std::ftell(Reading.file);
   if (streamPosition < 0) return -1;
   StartWindow(streamPosition);
   return 0;
 }
 
-i64 FilePosition() {
-  UseFile();
-  return window->start + (next - window->bytes);
-}
-
-i32 ReadFileByte() {
-  UseFile();
-  if (next == limit && !Refill()) return -1;
-  return *next++;
-}
-
-std::size_t ReadFileBlock(void* target, std::size_t count) {
+std::size_t ReadAcrossWindows(void* target, std::size_t count) {
   UseFile();
   auto* out = static_cast<u8*>(target);
   std::size_t left = count;
   while (left > 0) {
-    if (next == limit && !Refill()) break;
-    std::size_t const piece = std::min(left, static_cast<std::size_t>(limit - next));
-    std::memcpy(out, next, piece);
-    next += piece;
+    if (Reading.next == Reading.limit && !Refill()) break;
+    std::size_t const piece =
+        std::min(left, static_cast<std::size_t>(Reading.limit - Reading.next));
+    std::memcpy(out, Reading.next, piece);
+    Reading.next += piece;
     out += piece;
     left -= piece;
   }
@@ -160,14 +152,15 @@ LineRead ReadLine(char* text, std::size_t size) {
   UseFile();
   LineRead line;
   while (!line.complete) {
-    if (next == limit && !Refill()) break;
+    if (Reading.next == Reading.limit && !Refill()) break;
     std::size_t const room =
-        std::min(size - 1 - line.length, static_cast<std::size_t>(limit - next));
-    const void* const feed = std::memchr(next, '\n', room);
+        std::min(size - 1 - line.length, static_cast<std::size_t>(Reading.limit - Reading.next));
+    const void* const feed = std::memchr(Reading.next, '\n', room);
     std::size_t const piece =
-        feed == nullptr ? room : static_cast<std::size_t>(static_cast<const u8*>(feed) - next) + 1;
-    std::memcpy(text + line.length, next, piece);
-    next += piece;
+        feed == nullptr ? room
+                        : static_cast<std::size_t>(static_cast<const u8*>(feed) - Reading.next) + 1;
+    std::memcpy(text + line.length, Reading.next, piece);
+    Reading.next += piece;
     line.length += piece;
     line.complete = feed != nullptr || line.length == size - 1;
   }

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 
 #include "api/context.h"
 
@@ -18,19 +19,54 @@ bool OpenDataFile(const char* path);
 // Closes CurrentContext->File, if it is open, and sets it null.
 void CloseDataFile();
 
-// Moves to an offset from the start, or from the end (0 or below). 0, or -1 when that cannot be:
-// the file is no file to seek in, or the place lies before its start.
-i32 SeekDataFile(i64 offset);
-i32 SeekFromEnd(i64 distance);
+// The window that is read from: the bytes ahead, and what they are bytes of.
+struct ReadingPlace {
+  const u8* next;
+  const u8* limit;
+  i64 limitOffset;  // of the limit in the file
+  std::FILE* file;
+  bool seekable;
+};
+extern ReadingPlace Reading;
+
+inline bool IsReading(std::FILE* file) {
+  return file != nullptr && file == Reading.file;
+}
 
 // Where the next byte is read.
-i64 FilePosition();
+i64 TakeUpPosition();
+inline i64 FilePosition() {
+  if (!IsReading(CurrentContext->File)) [[unlikely]]
+    return TakeUpPosition();
+  return Reading.limitOffset - (Reading.limit - Reading.next);
+}
 
-// One byte, 0 to 255, or -1 at the end of the file.
-i32 ReadFileByte();
+// Moves to an offset from the start, or from the end (0 or below). 0, or -1 when that cannot be:
+// the file is no file to seek in, or the place lies before its start.
+i32 SeekElsewhere(i64 offset);
+inline i32 SeekDataFile(i64 offset) {
+  bool const here = FilePosition() == offset && Reading.seekable;
+  return here ? 0 : SeekElsewhere(offset);
+}
+i32 SeekFromEnd(i64 distance);
 
 // Reads up to count bytes and returns how many came.
-std::size_t ReadFileBlock(void* target, std::size_t count);
+std::size_t ReadAcrossWindows(void* target, std::size_t count);
+inline std::size_t ReadFileBlock(void* target, std::size_t count) {
+  bool const ahead = IsReading(CurrentContext->File) &&
+                     count <= static_cast<std::size_t>(Reading.limit - Reading.next);
+  if (!ahead) [[unlikely]]
+    return ReadAcrossWindows(target, count);
+  std::memcpy(target, Reading.next, count);
+  Reading.next += count;
+  return count;
+}
+
+// One byte, 0 to 255, or -1 at the end of the file.
+inline i32 ReadFileByte() {
+  u8 byte = 0;
+  return ReadFileBlock(&byte, 1) == 1 ? byte : -1;
+}
 
 struct LineRead {
   std::size_t length = 0;  // characters, the line feed included; 0: there was none

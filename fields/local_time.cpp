@@ -71,10 +71,14 @@ Stretch hours[kFlags][kHoursKept];  // of the days on which the clock changes
 constexpr i32 kSecondsOfHour = 3600;
 constexpr i32 kSecondsOfDay = 24 * kSecondsOfHour;
 
+// Whether a number lies from 0 up to below an end.
+bool IsBelow(i32 number, u32 end) {
+  return static_cast<u32>(number) < end;
+}
+
 bool InRange(const Calendar& c) {
-  return c.Second >= 0 && c.Second < 60 && c.Minute >= 0 && c.Minute < 60 && c.Hour >= 0 &&
-         c.Hour < 24 && c.Day >= 1 && c.Day <= 31 && c.Month >= 0 && c.Month < 12 && c.Year >= 0 &&
-         c.Year < 10000;
+  return IsBelow(c.Second, 60) && IsBelow(c.Minute, 60) && IsBelow(c.Hour, 24) && c.Day > 0 &&
+         IsBelow(c.Day, 32) && IsBelow(c.Month, 12) && IsBelow(c.Year, 10000);
 }
 
 // Takes up a stretch when its first and last second lie as far apart as they should.
@@ -136,12 +140,6 @@ i32 KnownFlag(i32 flag) {
 }
 
 }  // namespace
-
-Calendar ClearedCalendar() {
-  Calendar calendar{};
-  calendar.DaylightFlag = -1;
-  return calendar;
-}
 
 void ForgetLocalTime() {
   for (auto& flag : days) {

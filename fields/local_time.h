@@ -24,7 +24,11 @@ struct Calendar {
 };
 
 // All zero, the daylight flag not known.
-Calendar ClearedCalendar();
+inline Calendar ClearedCalendar() {
+  Calendar calendar{};
+  calendar.DaylightFlag = -1;
+  return calendar;
+}
 
 void ForgetLocalTime();
 

@@ -1,17 +1,26 @@
 // Dates and times of day in packed decimal digits.
 #pragma once
 
+#include <array>
+
 #include "fields/local_time.h"
 
 namespace qvslm {
 
-// The number that the two hexadecimal digits of a byte show when read as decimal: reading stops at
-// a digit above 9, so 0x45 is 45, 0x4A is 4 and 0xA4 is 0.
+// The numbers that the two hexadecimal digits of each byte show when read as decimal. Reading stops
+// at a digit above 9, so 0x45 is 45, 0x4A is 4 and 0xA4 is 0.
+inline constexpr auto kPackedDecimals = [] {
+  std::array<u8, 256> numbers{};
+  for (u32 byte = 0; byte < numbers.size(); ++byte) {
+    u32 const high = byte / 16;
+    u32 const low = byte % 16;
+    numbers[byte] = static_cast<u8>(high > 9 ? 0 : low > 9 ? high : high * 10 + low);
+  }
+  return numbers;
+}();
+
 constexpr i32 PackedDecimal(u8 byte) {
-  i32 const high = byte >> 4;
-  i32 const low = byte & 0x0F;
-  if (high > 9) return 0;
-  return low > 9 ? high : high * 10 + low;
+  return kPackedDecimals[byte];
 }
 
 // Day, month, year. A month out of range is January, a day out of range the first, and years before

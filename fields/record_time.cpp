@@ -30,7 +30,7 @@ i32 NormalizeTime(Calendar& calendar, i32* slot) {
     *slot = seconds;
   }
   if (seconds >= DstSpanStart && seconds <= DstSpanEnd) calendar.DaylightFlag = DstHint;
-  return LocalSeconds(calendar);
+  return LocalSecondsAs(calendar, calendar.DaylightFlag);
 }
 
 void NoteDstEvent(const Calendar& calendar, i16 event) {
@@ -85,11 +85,6 @@ i32 ScanEventForDst() {
   i32 const status = CurrentContext->ErrorCode;
   if (event == 0 || event == 64) NoteDstEvent(stamp, static_cast<i16>(event));
   return status;
-}
-
-void NoteRecordTime(i32 seconds) {
-  i32& latest = CurrentContext->EndRecord.LatestRecordTime;
-  if (seconds > latest) latest = seconds;
 }
 
 }  // namespace qvslm

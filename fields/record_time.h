@@ -45,6 +45,9 @@ void NoteDstEvent(const Calendar& calendar, i16 event);
 i32 ScanEventForDst();
 
 // Raises LatestRecordTime.
-void NoteRecordTime(i32 seconds);
+inline void NoteRecordTime(i32 seconds) {
+  i32& latest = CurrentContext->EndRecord.LatestRecordTime;
+  if (seconds > latest) latest = seconds;
+}
 
 }  // namespace qvslm

@@ -19,14 +19,14 @@ struct StreamLevels {
   bool plainSecond;   // second levels are neither marked nor raised
 
   f32 First(u32 hi, u32 lo) const {
-    f32 const level = Stored(hi + lo * firstPart);
-    return hi + lo < 1 ? level : Stored(level + offset);
+    f64 const level = hi + lo * firstPart;  // which f32 holds exactly
+    return Stored(hi + lo < 1 ? level : level + offset);
   }
 
   // A sum of 0 or 2 stands for no level.
   f32 Second(u32 hi, u32 lo) const {
-    f32 const level = Stored(hi + 2 * lo / 256.0);
-    if (plainSecond) return level;
+    f64 const level = hi + lo * (2 / 256.0);
+    if (plainSecond) return Stored(level);
     if (hi + lo == 0 || hi + lo == 2) return kNoLevel;
     f32 const raised = Stored(level + offset);
     return secondRaise == 0 ? raised : Stored(raised + secondRaise);

@@ -13,7 +13,7 @@ namespace qvslm {
 
 namespace {
 
-constexpr i16 kEntriesPerRecord = 60;
+constexpr i32 kEntriesPerRecord = 60;
 constexpr u16 kMarkersThatPace = 99;
 
 // The text that RaiseError forms for a status of 0.
@@ -85,7 +85,7 @@ u16 StreamFlags() {
 }
 
 // Completes the output record. The next one begins at the stream's running time.
-i32 FinishSampleRecord() {
+void FinishSampleRecord() {
   TranslateContext& context = *CurrentContext;
   auto& record = OutputAs<QvTimeHistory>();
   StampRecord(record, QV_TIME_HISTORY);
@@ -98,7 +98,6 @@ i32 FinishSampleRecord() {
   NoteRecordTime(record.RecordTime);
   context.SamplesPending = 0;
   context.HeaderTime = TruncateToI32(context.StreamTime);
-  return QV_BLOCK_COMPLETE;
 }
 
 // The code of a marker and its detail, from the values that stand for them.
@@ -109,27 +108,48 @@ u32 MarkerDetail(f32 second) {
   return (static_cast<u32>(TruncateToI32(second)) - 128U) & 0x0FU;
 }
 
-// Puts an entry into the output record. A level at or below 0 counts as a marker, whatever it was.
-i32 CollectSample(f32 first, f32 second) {
-  TranslateContext& context = *CurrentContext;
-  auto& record = OutputAs<QvTimeHistory>();
-  i16 const at = context.SamplesPending++;
-  if (first > 0) {
-    record.FirstLevels[at] = first;
-    record.SecondLevels[at] = second;
-    context.StreamTime += context.StreamPeriod;
-  } else {
-    i32 const code = MarkerCode(first);
-    record.FirstLevels[at] = static_cast<f32>(-1.0 * code);
-    record.SecondLevels[at] = static_cast<f32>(MarkerDetail(second));
-    bool const runEvent = code == 64 || code == 80;
-    if (runEvent && context.RunEventReadIndex < kMarkersThatPace) {
-      context.StreamTime = context.RunEventTimes[context.RunEventReadIndex++];
-      return FinishSampleRecord();
+// Entries on their way into the output record. The running time and the count of entries are
+// written back to the context by Close.
+class Collector {
+ public:
+  // Puts an entry into the record; true when that completes it. A level at or below 0 counts as a
+  // marker, whatever it was.
+  bool Take(const Entry& entry) {
+    if (entry.first > 0) {
+      record_.FirstLevels[pending_] = entry.first;
+      record_.SecondLevels[pending_] = entry.second;
+      time_ += period_;
+      return ++pending_ >= kEntriesPerRecord;
     }
+    return TakeMarker(entry) || pending_ >= kEntriesPerRecord;
   }
-  return context.SamplesPending >= kEntriesPerRecord ? FinishSampleRecord() : 0;
-}
+
+  void Close() {
+    TranslateContext& context = *CurrentContext;
+    context.SampleCount += static_cast<u32>(pending_ - context.SamplesPending);
+    context.SamplesPending = static_cast<i16>(pending_);
+    context.StreamTime = time_;
+  }
+
+ private:
+  // A run marker sets the time to that of the event it answers to, and completes the record.
+  bool TakeMarker(const Entry& entry) {
+    TranslateContext& context = *CurrentContext;
+    i32 const code = MarkerCode(entry.first);
+    record_.FirstLevels[pending_] = static_cast<f32>(-1.0 * code);
+    record_.SecondLevels[pending_] = static_cast<f32>(MarkerDetail(entry.second));
+    ++pending_;
+    bool const runEvent = code == 64 || code == 80;
+    if (!runEvent || context.RunEventReadIndex >= kMarkersThatPace) return false;
+    time_ = context.RunEventTimes[context.RunEventReadIndex++];
+    return true;
+  }
+
+  QvTimeHistory& record_ = OutputAs<QvTimeHistory>();
+  i32 pending_ = CurrentContext->SamplesPending;
+  f64 time_ = CurrentContext->StreamTime;
+  f64 period_ = CurrentContext->StreamPeriod;
+};
 
 }  // namespace
 
@@ -144,26 +164,26 @@ i32 DecodeStream() {
   ReadRecordBlock(kStreamBlock);
 
   EntryReader reader;
+  Collector collector;
   Entry entry;
+  bool complete = false;
   i32 status = 0;
-  u32 collected = 0;
-  do {
+  while (!complete) {
     status = reader.Read(entry);
     if (entry.lastByte == 0 || status < 0) break;
-    status = CollectSample(entry.first, entry.second);
-    ++collected;
-  } while (status >= 0);
-  if (collected > 0) {
-    context.SampleCount += collected;
-    context.LastError = 0;
-    std::memcpy(context.ErrorText, kNoErrorText, sizeof kNoErrorText);
+    complete = collector.Take(entry);
   }
-
   context.RecordPos = reader.Position();
+  collector.Close();
+  // What is raised for each entry, with the status of a step without a fault.
+  context.LastError = 0;
+  std::memcpy(context.ErrorText, kNoErrorText, sizeof kNoErrorText);
 
   bool const ended = entry.lastByte == 0;
-  if (ended && context.SamplesPending > 0) status = FinishSampleRecord();
-  if (status == QV_BLOCK_COMPLETE) status = 0;
+  if (complete || (ended && context.SamplesPending > 0)) {
+    FinishSampleRecord();
+    status = 0;
+  }
   if (context.FileOffset > std::numeric_limits<i32>::max() - context.RecordPos) {
     return FailWith(QV_SEEK_FAILED);
   }

@@ -194,13 +194,13 @@ void AddItems(Output& output, int records, Append append) {
   }
 }
 
-void AddFamily(SampleBuilder& sample, Output& output, Family family, int records) {
-  auto const minute = [](int index) { return kStart + index * kMinute; };
+void AddFamily(SampleBuilder& sample, Output& output, Family family, int records, Clock start) {
+  auto const minute = [=](int index) { return start + index * kMinute; };
   bool const full = family == Family::kFullIntervals || family == Family::kSummaries ||
                     family == Family::kDaySummaries;
   auto const general = [&] {
     GeneralHeader(sample);
-    full ? FullSettings(sample, kStart) : StationSettings(sample, kStart).Done();
+    full ? FullSettings(sample, start) : StationSettings(sample, start).Done();
   };
   switch (family) {
     case Family::kEvents:
@@ -221,7 +221,7 @@ void AddFamily(SampleBuilder& sample, Output& output, Family family, int records
     case Family::kDaySummaries:
       general();
       return AddItems(output, records,
-                      [&](int i) { Add(sample, StreetDay(kStart + i % 10000 * kDay)); });
+                      [&](int i) { Add(sample, StreetDay(start + i % 10000 * kDay)); });
     case Family::kBandIntervals:
       Header442(sample, "RTA");
       AddSetup(sample, SetupBlock(sample.State(), "BULK", "Many bands", 128));
@@ -310,15 +310,15 @@ const char* FamilyName(Family family) {
   return kNames[static_cast<int>(family)];
 }
 
-void WriteFamilyFile(const std::string& path, Family family, int records) {
+void WriteFamilyFile(const std::string& path, Family family, int records, Clock start) {
   SampleBuilder sample(SampleBuilder::Keep::kNothing);
   Output output(path, sample);
-  AddFamily(sample, output, family, records);
+  AddFamily(sample, output, family, records, start);
   bool const hasResults = sample.State().model == 442 || family == Family::kResults;
   if (hasResults) {
     sample.End("");
   } else {
-    EndFile(sample, kStart + kDay);
+    EndFile(sample, start + kDay);
   }
   output.Close();
 }

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "samples/clock.h"
+
 namespace samples {
 
 // A file of model 486 of about the given size, below 2 GiB: months of a noise monitoring station,
@@ -53,7 +55,9 @@ inline constexpr Family kFamilies[] = {
 const char* FamilyName(Family family);
 
 // A file of one family, with what it needs around it. `records` counts the family's items: samples
-// of streams, blocks of lists, items 129 of bands.
-void WriteFamilyFile(const std::string& path, Family family, int records);
+// of streams, blocks of lists, items 129 of bands. Items of general models begin at `start` by the
+// instrument's clock and stand a minute apart, days a day.
+void WriteFamilyFile(const std::string& path, Family family, int records,
+                     Clock start = At(2020, 1, 1));
 
 }  // namespace samples

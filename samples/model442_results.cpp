@@ -17,7 +17,7 @@ void Stamps(Lines& lines, int number, std::int32_t (R::*field)[N], Clock first) 
   for (std::size_t i = 0; i < N; ++i) {
     Clock const reading = first + static_cast<Clock>(i);
     (lines.Record().*field)[i] = reading;
-    line += (i == 0 ? "" : ",") + DateText(reading) + " " + TimeText(reading);
+    line.append(i == 0 ? "" : ",").append(DateText(reading)).append(" ").append(TimeText(reading));
   }
   lines.Line(number, line);
 }

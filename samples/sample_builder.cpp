@@ -53,9 +53,9 @@ SampleBuilder& SampleBuilder::Header(const TextHeader& header) {
 SampleBuilder& SampleBuilder::Titles(std::string_view first, std::string_view second,
                                      std::string_view third) {
   File().Titles(first, second, third);
-  SetText(end_.Title1, " " + std::string(first));
-  SetText(end_.Title2, " " + std::string(second));
-  SetText(end_.Title3, " " + std::string(third));
+  SetText(end_.Title1, std::string(" ").append(first));
+  SetText(end_.Title2, std::string(" ").append(second));
+  SetText(end_.Title3, std::string(" ").append(third));
   return *this;
 }
 

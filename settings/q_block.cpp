@@ -64,8 +64,13 @@ void TakeDate(std::string_view value, QBlock& block) {
   block.stamp.Day = WholeNumber(value);
   block.stamp.Month = month > 0 ? month - 1 : 0;
   block.stamp.Year = YearSince1900(value);
-  block.record.BlockTime = context.FirstRunTime != 0 ? static_cast<i32>(context.FirstRunTime)
-                                                     : NormalizeTime(block.stamp, nullptr);
+  if (context.FirstRunTime != 0) {
+    block.record.BlockTime = static_cast<i32>(context.FirstRunTime);
+  } else {
+    block.record.BlockTime = NormalizeTime(block.stamp, nullptr);
+    // A further date in the block goes on from the stamp as the zone has it.
+    LocalSeconds(block.stamp);
+  }
   context.EndRecord.BlockTime = block.record.BlockTime;
 }
 

@@ -102,6 +102,15 @@ TEST(BulkFiles, LeadFarBandsToTheirOwners) {
   }
 }
 
+TEST(BulkFiles, BeginWhenAskedTo) {
+  TempFile const file("");
+  samples::WriteFamilyFile(file.Path(), Family::kEvents, 3, samples::At(2020, 7, 1));
+  Translation const run(file.Path());
+  ASSERT_EQ(run.Records(QV_EVENT).size(), 3U);
+  EXPECT_EQ(run.As<QvEvent>(0, QV_EVENT).RecordTime, 1593561600);  // 2020-07-01 00:00
+  EXPECT_EQ(run.As<QvEvent>(2, QV_EVENT).RecordTime, 1593561720);
+}
+
 TEST(BulkFiles, MixRecordsUpToASize) {
   constexpr std::int64_t kBytes = 1500000;
   TempFile const file("");

@@ -250,7 +250,7 @@ TEST(RBlock431, ListFillsItsThirtyPlacesAndNoMore) {
   std::string value;
   std::vector<float> numbers;
   for (int i = 0; i < 30; ++i) {
-    value += (i == 0 ? "" : ",") + std::to_string(40 + i) + ".5";
+    value.append(i == 0 ? "" : ",").append(std::to_string(40 + i)).append(".5");
     numbers.push_back(static_cast<float>(40 + i) + 0.5F);
   }
   for (const ListRow& row : kLists) {

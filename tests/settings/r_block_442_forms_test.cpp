@@ -153,7 +153,7 @@ TEST(RBlock442Forms, Register203HoldsAWholeSpectrum) {
   std::string value = "1";
   std::vector<float> bands = {1.0F};
   for (int i = 1; i < 401; ++i) {
-    value += "," + std::to_string(i % 90) + ".5";
+    value.append(",").append(std::to_string(i % 90)).append(".5");
     bands.push_back(static_cast<float>(i % 90) + 0.5F);
   }
   RecordImage image = Results();
@@ -177,7 +177,7 @@ constexpr const char* kNames[] = {"name one, 21 letters.", "name two, 21 letters
 
 std::string SevenNames() {
   std::string value = " N  ";
-  for (int i = 0; i < 7; ++i) value += (i == 6 ? "," : "") + std::string(kNames[i]);
+  for (int i = 0; i < 7; ++i) value.append(i == 6 ? "," : "").append(kNames[i]);
   return value;
 }
 

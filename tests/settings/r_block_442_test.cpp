@@ -168,7 +168,8 @@ constexpr ListRow kStampLists[] = {
 // "1.5,2.5,3.5" and so on.
 std::string RealList(std::size_t count) {
   std::string value = "1.5";
-  for (std::size_t i = 1; i < count; ++i) value += "," + std::to_string(i + 1) + ".5";
+  for (std::size_t i = 1; i < count; ++i)
+    value.append(",").append(std::to_string(i + 1)).append(".5");
   return value;
 }
 

@@ -254,11 +254,12 @@ TEST(SettingsLines, OfFewerThanFiveCharactersAreEmptyAtTheHeadOfAnRBlock) {
   for (const Block& block : kBlocks) {
     if (block.letter == 'Q') continue;
     SCOPED_TRACE(block.name);
-    Translation const run(FileOf(block)
-                              .Raw(Head(block, block.first) + "1077\r\n")
-                              .EndLines("abcdefgh", "abcde55")
-                              .Raw("R" + std::to_string(block.second) + "\n")
-                              .EndOfData());
+    Translation const run(
+        FileOf(block)
+            .Raw(Head(block, block.first) + "1077\r\n")
+            .EndLines("abcdefgh", "abcde55")
+            .Raw(std::string("R").append(std::to_string(block.second)).append("\n"))
+            .EndOfData());
     ASSERT_EQ(run.Codes(), (std::vector<int>{block.code, block.code, 15}));
     EXPECT_EQ(Second(block, run.Records()[1]), 0);
   }
