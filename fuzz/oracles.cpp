@@ -13,7 +13,7 @@ constexpr int kPattern = 0xA5;
 
 void Expect(bool holds, const char* promise) {
   if (holds) return;
-  std::fprintf(stderr, "broken promise: %s\n", promise);
+  std::fprintf(stderr, "ERROR: broken promise: %s\n", promise);
   std::abort();
 }
 

@@ -56,7 +56,7 @@ constexpr std::size_t kSmallestRefill = 4096;
 // Generous, as a sanitized build on a busy machine needs: what it tells apart is work that follows
 // from the file's size and work that does not end.
 std::int64_t MostTime(std::int64_t size, Growth growth) {
-  std::int64_t const linear = 200 * kMillisecond + size * 2000;
+  std::int64_t const linear = 2000 * kMillisecond + size * 2000;
   return growth == Growth::Linear ? linear : linear + size * size * 4;
 }
 

@@ -1,0 +1,53 @@
+#!/usr/bin/env bash
+# fuzz/run.sh [SECONDS [TARGET...]]: runs the fuzz targets over the kept corpus for SECONDS each (20
+# by default), two at a time, and fails when one of them finds anything. What a run discovers is
+# kept in build/fuzz/found/, so that the next one goes on from there; see fuzz/minimise.sh.
+set -euo pipefail
+
+root=$(cd "$(dirname "$0")/.." && pwd)
+build=$root/build/fuzz
+seconds=${1:-20}
+shift || true
+targets=("$@")
+[ ${#targets[@]} -gt 0 ] ||
+  targets=(fuzz_translate_counted fuzz_translate fuzz_census fuzz_header fuzz_texts)
+
+cd "$root"
+mkdir -p "$build"
+{ [ -f "$build/build.ninja" ] || cmake --preset fuzz; } >"$build/configure.log" 2>&1 ||
+  { cat "$build/configure.log" >&2; exit 1; }
+ninja -C "$build" fuzz_targets >"$build/build.log" 2>&1 ||
+  { tail -n 40 "$build/build.log" >&2; exit 1; }
+
+# run TARGET: one line on what came of it.
+run() {
+  local target=$1 log=$build/$1.log found=$build/found/$1
+  mkdir -p "$found" "$build/findings"
+  local outcome=0
+  "$build/fuzz/$target" -max_total_time="$seconds" -max_len=36000 -timeout=20 \
+    -rss_limit_mb=1500 -dict=fuzz/qvslm.dict -print_final_stats=1 \
+    -artifact_prefix="$build/findings/$target-" "$found" "fuzz/corpus/$target" \
+    >"$log" 2>&1 || outcome=$?
+  if [ $outcome -ne 0 ]; then
+    echo "$target: a finding in build/fuzz/findings, log in build/fuzz/$target.log" >&2
+    grep -E -m 3 'broken promise|ERROR|runtime error' "$log" >&2 || tail -n 20 "$log" >&2
+    return 1
+  fi
+  local executions coverage
+  executions=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
+  coverage=$(sed -n 's/.*\(cov: [0-9]* ft: [0-9]*\).*/\1/p' "$log" | tail -n 1)
+  echo "$target: $seconds s, $executions executions, $coverage, no finding"
+}
+
+failed=0
+running=()
+for target in "${targets[@]}"; do
+  if [ ${#running[@]} -eq 2 ]; then
+    wait "${running[0]}" || failed=1
+    running=("${running[1]}")
+  fi
+  run "$target" &
+  running+=($!)
+done
+for job in "${running[@]}"; do wait "$job" || failed=1; done
+exit $failed
