@@ -22,8 +22,9 @@ fuzz::Parts PartsOf(const std::uint8_t* data, std::size_t size) {
   return fuzz::TakeApart({reinterpret_cast<const char*>(data), size});
 }
 
-// A file that has grown too long loses its end.
-std::size_t Store(const fuzz::Parts& parts, std::uint8_t* out, std::size_t maxSize) {
+std::size_t Store(fuzz::Parts& parts, std::uint8_t* out, std::size_t maxSize,
+                  fuzz::Chance& chance) {
+  fuzz::Shorten(parts, maxSize, chance);
   std::string const file = fuzz::PutTogether(parts);
   std::size_t const size = std::min(file.size(), maxSize);
   std::memcpy(out, file.data(), size);
@@ -40,7 +41,7 @@ std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::s
   for (std::size_t changes = 1 + chance.Below(4); changes > 0; --changes) {
     fuzz::Mutate(parts, chance);
   }
-  return Store(parts, data, maxSize);
+  return Store(parts, data, maxSize, chance);
 }
 
 std::size_t LLVMFuzzerCustomCrossOver(const std::uint8_t* data1, std::size_t size1,
@@ -50,5 +51,5 @@ std::size_t LLVMFuzzerCustomCrossOver(const std::uint8_t* data1, std::size_t siz
   fuzz::Chance chance(seed);
   fuzz::Parts parts = PartsOf(data1, size1);
   fuzz::TakeOver(parts, PartsOf(data2, size2), chance);
-  return Store(parts, out, maxOutSize);
+  return Store(parts, out, maxOutSize, chance);
 }

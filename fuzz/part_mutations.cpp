@@ -287,4 +287,14 @@ void TakeOver(Parts& parts, const Parts& other, Chance& chance) {
   parts.insert(parts.begin() + static_cast<Place>(at), first, first + static_cast<Place>(count));
 }
 
+void Shorten(Parts& parts, std::size_t size, Chance& chance) {
+  std::size_t total = PutTogether(parts).size();
+  while (total > size) {
+    std::size_t const at = ChooseAny(parts, chance);
+    if (at >= parts.size()) return;
+    total -= parts[at].bytes.size();
+    parts.erase(parts.begin() + static_cast<Place>(at));
+  }
+}
+
 }  // namespace fuzz

@@ -34,4 +34,8 @@ void Mutate(Parts& parts, Chance& chance);
 // Puts some consecutive parts of another file among these.
 void TakeOver(Parts& parts, const Parts& other, Chance& chance);
 
+// Takes parts out at random until the file is no longer than size: its end, which a start looks at,
+// stays as likely as the rest.
+void Shorten(Parts& parts, std::size_t size, Chance& chance);
+
 }  // namespace fuzz
