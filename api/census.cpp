@@ -187,6 +187,7 @@ i32 CountStream(QvRecordCensus& census) {
   u8 byte = 0;
   i32 status = 0;
   do {
+    census.StreamEntries += PassSamples();
     byte = PassStreamEntry(status);
     if (byte >= 1 && status >= 0) ++census.StreamEntries;
   } while (byte != 0 && status >= 0);

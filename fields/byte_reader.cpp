@@ -35,4 +35,12 @@ void ReadRawBytes(u8* target, u32 count) {
   context.ErrorCode = there == count ? QV_OK : QV_RECORD_TOO_SHORT;
 }
 
+std::size_t ReadRecordBlock(u32 count) {
+  TranslateContext& context = *CurrentContext;
+  std::size_t const came = ReadFileBlock(context.RecordBuffer, count);
+  context.BytesRead = count > 0 && came == count;
+  context.RecordPos = 0;
+  return came;
+}
+
 }  // namespace qvslm

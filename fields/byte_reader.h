@@ -65,12 +65,6 @@ inline u32 ReadLengthU16() {
 
 // Reads count bytes from the file to the head of RecordBuffer, as far as they come, and lets the
 // record begin there. Returns how many came.
-inline std::size_t ReadRecordBlock(u32 count) {
-  TranslateContext& context = *CurrentContext;
-  std::size_t const came = ReadFileBlock(context.RecordBuffer, count);
-  context.BytesRead = count > 0 && came == count;
-  context.RecordPos = 0;
-  return came;
-}
+std::size_t ReadRecordBlock(u32 count);
 
 }  // namespace qvslm

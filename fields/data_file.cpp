@@ -26,6 +26,7 @@ struct Window {
 Window windows[2];
 int inUse = 0;                  // the window that is read from
 i64 streamPosition = kUnknown;  // where the C stream stands
+bool readFailed = false;        // the last refill came short by a fault, not by the end of the file
 
 // Reads on in a window, from an offset within its bytes or right behind them.
 void ReadFrom(int at, i64 offset) {
@@ -75,12 +76,15 @@ bool Refill() {
   if (Reading.file == nullptr) return false;
   i64 const position = Reading.limitOffset;
   StartWindow(position);
-  if (Reading.seekable && streamPosition != position && !SeekStream(position, SEEK_SET)) {
-    return false;
-  }
+  readFailed = Reading.seekable && streamPosition != position && !SeekStream(position, SEEK_SET);
+  if (readFailed) return false;
   Window& window = windows[inUse];
   window.size = std::fread(window.bytes, 1, kWindowSize, Reading.file);
   ReadFrom(inUse, position);
+  if (window.size < kWindowSize && std::ferror(Reading.file) != 0) {
+    readFailed = true;
+    std::clearerr(Reading.file);
+  }
   // Behind the end of the file the stream keeps saying so until it is sought anew.
   streamPosition = window.size == kWindowSize ? Reading.limitOffset : kUnknown;
   return window.size > 0;
@@ -146,6 +150,10 @@ std::size_t ReadAcrossWindows(void* target, std::size_t count) {
     left -= piece;
   }
   return count - left;
+}
+
+bool ReadFailed() {
+  return readFailed;
 }
 
 LineRead ReadLine(char* text, std::size_t size) {

@@ -62,6 +62,9 @@ inline std::size_t ReadFileBlock(void* target, std::size_t count) {
   return count;
 }
 
+// Whether a read that came short did so by a fault of the file, and not by its end.
+bool ReadFailed();
+
 // One byte, 0 to 255, or -1 at the end of the file.
 inline i32 ReadFileByte() {
   u8 byte = 0;

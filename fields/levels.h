@@ -47,17 +47,18 @@ inline void DecodeStatusByte(u16& flag, u16& code) {
   if (code > 128) code = 128;
 }
 
-// Whole number and 1/256 parts.
+// Whole number and 1/256 parts, which f32 holds exactly.
+inline f64 Parts256(u32 word) {
+  return static_cast<i32>(word) * (1 / 256.0);
+}
 inline void DecodeFixed16(f32& result) {
-  const u8* const bytes = TakeBytes(2);
-  result = Stored(bytes[0] + bytes[1] / 256.0);
+  result = Stored(Parts256(ReadWord()));
 }
 
 // The same with a sign: a first byte of 192 and above counts as negative.
 inline void DecodeSignedFixed16(f32& result) {
-  const u8* const bytes = TakeBytes(2);
-  i32 const whole = bytes[0] >= 192 ? bytes[0] - 256 : bytes[0];
-  result = Stored(whole + bytes[1] / 256.0);
+  u32 const word = ReadWord();
+  result = Stored(word >= 192 * 256 ? Parts256(word) - 256.0 : Parts256(word));
 }
 
 // Whole number and 1/65536 parts, which are rounded to f32 before they are added.
@@ -69,27 +70,24 @@ inline void DecodeFixed24(f32& result) {
 
 // A level with LevelOffset added. It has no value when its second byte is 0.
 inline void DecodeLevel(f32& result) {
-  const u8* const bytes = TakeBytes(2);
-  f64 const level = bytes[0] + bytes[1] / 256.0 + CurrentContext->LevelOffset;
-  result = bytes[1] == 0 ? kNoLevel : Stored(level);
+  u32 const word = ReadWord();
+  f64 const level = Parts256(word) + CurrentContext->LevelOffset;
+  result = (word & 0xFF) == 0 ? kNoLevel : Stored(level);
 }
 
 // The same, without a value when both bytes are 0.
 inline void DecodeLevelZeroMarked(f32& result) {
-  const u8* const bytes = TakeBytes(2);
-  f64 const level = bytes[0] + bytes[1] / 256.0 + CurrentContext->LevelOffset;
-  result = bytes[0] + bytes[1] == 0 ? kNoLevel : Stored(level);
+  u32 const word = ReadWord();
+  f64 const level = Parts256(word) + CurrentContext->LevelOffset;
+  result = word == 0 ? kNoLevel : Stored(level);
 }
 
 // An hour's level: negative with value 2 of the second byte clear, 0 with value 1 clear.
 inline void DecodeFlaggedLevel(f32& result) {
-  const u8* const bytes = TakeBytes(2);
-  f32 level = Stored(bytes[0] + bytes[1] / 256.0);
-  if (bytes[0] + bytes[1] > 0) {
-    level = Stored(static_cast<f64>(level) + CurrentContext->LevelOffset);
-  }
-  if ((bytes[1] & 2) == 0) level = -level;
-  if ((bytes[1] & 1) == 0) level = 0;
+  u32 const word = ReadWord();
+  f32 level = Stored(word > 0 ? Parts256(word) + CurrentContext->LevelOffset : 0.0);
+  if ((word & 2) == 0) level = -level;
+  if ((word & 1) == 0) level = 0;
   result = level;
 }
 
@@ -105,11 +103,17 @@ inline void DecodeSpan(f32& result) {
                                               : Stored(value * 12478.0 / 65536.0);
 }
 
-// Seconds, by the number of bytes: 3 (seconds and 1/65536), 5 (hours, minutes, seconds and 1/256)
-// or 6 (hours, minutes, seconds and 1/65536).
-void DecodeDuration(f32& result, i32 kind);
-inline void DecodeDuration5(f32& result) {
-  DecodeDuration(result, 5);
+// Lengths of time in seconds, by the number of bytes: 3 (seconds and 1/65536), 5 (hours, minutes,
+// seconds and 1/256) or 6 (hours, minutes, seconds and 1/65536).
+inline f32 ClockSeconds(const u8* clock, f64 fraction) {
+  i32 const minutes = (clock[0] * 256 + clock[1]) * 60 + clock[2];
+  f32 const seconds = Stored(clock[3] + fraction);
+  return Stored(minutes * 60 + static_cast<f64>(seconds));
 }
+inline void DecodeDuration5(f32& result) {
+  const u8* const bytes = TakeBytes(5);
+  result = ClockSeconds(bytes, bytes[4] / 256.0);
+}
+void DecodeDuration(f32& result, i32 kind);
 
 }  // namespace qvslm

@@ -52,21 +52,27 @@ i32 In32Bits(i64 seconds) {
   return fits ? static_cast<i32>(seconds) : kNoTime;
 }
 
-// Civil days, hours and seconds that lie in one stretch of the zone: their first second, and the
-// stamp of that second.
+// A civil day or hour as one daylight flag reads it.
 struct Stretch {
-  i64 key = kNoKey;
-  bool whole = false;  // checked to lie in one stretch
+  bool known = false;
+  bool whole = false;  // checked to lie in one stretch of the zone
+  bool plain = false;  // the stamp of its first second is the one that was asked for
   Instant start{};
-  static constexpr i64 kNoKey = -1;
 };
 
 // By daylight flag: not known, standard, daylight.
 constexpr int kFlags = 3;
+
+struct Remembered {
+  i64 key = kNoKey;
+  Stretch byFlag[kFlags];
+  static constexpr i64 kNoKey = -1;
+};
+
 constexpr int kDaysKept = 32;
 constexpr int kHoursKept = 24;
-Stretch days[kFlags][kDaysKept];
-Stretch hours[kFlags][kHoursKept];  // of the days on which the clock changes
+Remembered days[kDaysKept];
+Remembered hours[kHoursKept];  // of the days on which the clock changes
 
 constexpr i32 kSecondsOfHour = 3600;
 constexpr i32 kSecondsOfDay = 24 * kSecondsOfHour;
@@ -81,56 +87,69 @@ bool InRange(const Calendar& c) {
          IsBelow(c.Day, 32) && IsBelow(c.Month, 12) && IsBelow(c.Year, 10000);
 }
 
-// Takes up a stretch when its first and last second lie as far apart as they should.
-void TakeUp(Stretch& stretch, i64 key, Calendar first, Calendar last, i32 flag, i32 length) {
+// Takes up a stretch, and whether its first and last second lie as far apart as they should.
+void TakeUp(Stretch& stretch, Calendar first, Calendar last, i32 flag, i32 length) {
   first.DaylightFlag = last.DaylightFlag = flag;
   Instant const end = Resolve(last);
-  stretch.key = key;
+  stretch.known = true;
   stretch.start = Resolve(first);
   const Calendar& stamp = stretch.start.stamp;
   stretch.whole = end.seconds - stretch.start.seconds == length - 1 &&
-                  end.stamp.DaylightFlag == stamp.DaylightFlag && stamp.Hour == first.Hour &&
-                  stamp.Minute == 0 && stamp.Second == 0;
+                  end.stamp.DaylightFlag == stamp.DaylightFlag;
+  stretch.plain = stamp.Hour == first.Hour && stamp.Minute == 0 && stamp.Second == 0;
 }
 
-const Stretch& DayOf(const Calendar& calendar, i32 flag) {
+Remembered& Recall(Remembered& memory, i64 key) {
+  if (memory.key != key) {
+    memory.key = key;
+    for (Stretch& stretch : memory.byFlag) stretch.known = false;
+  }
+  return memory;
+}
+
+Remembered& RecallDay(const Calendar& calendar) {
   i64 const key = (i64{calendar.Year} * 12 + calendar.Month) * 32 + calendar.Day;
-  Stretch& day = days[flag + 1][calendar.Day % kDaysKept];
-  if (day.key != key) {
+  return Recall(days[calendar.Day % kDaysKept], key);
+}
+
+const Stretch& StretchOfDay(Remembered& day, const Calendar& calendar, i32 flag) {
+  Stretch& stretch = day.byFlag[flag + 1];
+  if (!stretch.known) {
     Calendar first = calendar;
     Calendar last = calendar;
     first.Hour = first.Minute = first.Second = 0;
     last.Hour = 23;
     last.Minute = last.Second = 59;
-    TakeUp(day, key, first, last, flag, kSecondsOfDay);
+    TakeUp(stretch, first, last, flag, kSecondsOfDay);
   }
-  return day;
+  return stretch;
 }
 
-const Stretch& HourOf(const Calendar& calendar, i64 dayKey, i32 flag) {
-  i64 const key = dayKey * 24 + calendar.Hour;
-  Stretch& hour = hours[flag + 1][calendar.Hour];
-  if (hour.key != key) {
+const Stretch& StretchOfHour(i64 dayKey, const Calendar& calendar, i32 flag) {
+  Remembered& hour = Recall(hours[calendar.Hour], dayKey);
+  Stretch& stretch = hour.byFlag[flag + 1];
+  if (!stretch.known) {
     Calendar first = calendar;
     Calendar last = calendar;
     first.Minute = first.Second = 0;
     last.Minute = last.Second = 59;
-    TakeUp(hour, key, first, last, flag, kSecondsOfHour);
+    TakeUp(stretch, first, last, flag, kSecondsOfHour);
   }
-  return hour;
+  return stretch;
 }
 
-struct Remembered {
+struct Place {
   const Stretch* stretch = nullptr;  // null: the stamp must be converted
   i32 offset = 0;                    // seconds behind its start
 };
 
-Remembered Recall(const Calendar& calendar, i32 flag) {
-  if (!InRange(calendar)) return {};
+// Where a stamp in range lies in what is remembered.
+Place FindPlace(Remembered& day, const Calendar& calendar, i32 flag) {
   i32 const behindHour = calendar.Minute * 60 + calendar.Second;
-  const Stretch& day = DayOf(calendar, flag);
-  if (day.whole) return {&day, calendar.Hour * kSecondsOfHour + behindHour};
-  const Stretch& hour = HourOf(calendar, day.key, flag);
+  const Stretch& whole = StretchOfDay(day, calendar, flag);
+  if (whole.whole) [[likely]]
+    return {&whole, calendar.Hour * kSecondsOfHour + behindHour};
+  const Stretch& hour = StretchOfHour(day.key, calendar, flag);
   if (hour.whole) return {&hour, behindHour};
   return {};
 }
@@ -139,34 +158,41 @@ i32 KnownFlag(i32 flag) {
   return flag < 0 ? -1 : flag > 0 ? 1 : 0;
 }
 
-}  // namespace
-
-void ForgetLocalTime() {
-  for (auto& flag : days) {
-    for (Stretch& day : flag) day.key = Stretch::kNoKey;
-  }
-  for (auto& flag : hours) {
-    for (Stretch& hour : flag) hour.key = Stretch::kNoKey;
-  }
-}
-
-i32 LocalSecondsAs(const Calendar& calendar, i32 flag) {
-  Remembered const known = Recall(calendar, KnownFlag(flag));
-  if (known.stretch != nullptr) return In32Bits(known.stretch->start.seconds + known.offset);
+i32 SecondsAnew(const Calendar& calendar, i32 flag) {
   Calendar copy = calendar;
   copy.DaylightFlag = flag;
   return LocalSecondsAnew(copy);
 }
 
+i32 SecondsOnDay(Remembered& day, const Calendar& calendar, i32 flag) {
+  Place const place = FindPlace(day, calendar, KnownFlag(flag));
+  if (place.stretch == nullptr) return SecondsAnew(calendar, flag);
+  return In32Bits(place.stretch->start.seconds + place.offset);
+}
+
+}  // namespace
+
+void ForgetLocalTime() {
+  for (Remembered& day : days) day.key = Remembered::kNoKey;
+  for (Remembered& hour : hours) hour.key = Remembered::kNoKey;
+}
+
+TwoReadings LocalSecondsByTwoFlags(const Calendar& calendar, i32 first, i32 second) {
+  if (!InRange(calendar)) return {SecondsAnew(calendar, first), SecondsAnew(calendar, second)};
+  Remembered& day = RecallDay(calendar);
+  return {SecondsOnDay(day, calendar, first), SecondsOnDay(day, calendar, second)};
+}
+
 i32 LocalSeconds(Calendar& calendar) {
-  Remembered const known = Recall(calendar, KnownFlag(calendar.DaylightFlag));
-  if (known.stretch == nullptr) return LocalSecondsAnew(calendar);
+  if (!InRange(calendar)) return LocalSecondsAnew(calendar);
+  Place const place = FindPlace(RecallDay(calendar), calendar, KnownFlag(calendar.DaylightFlag));
+  if (place.stretch == nullptr || !place.stretch->plain) return LocalSecondsAnew(calendar);
   Calendar const stamp = calendar;
-  calendar = known.stretch->start.stamp;
+  calendar = place.stretch->start.stamp;
   calendar.Hour = stamp.Hour;
   calendar.Minute = stamp.Minute;
   calendar.Second = stamp.Second;
-  return In32Bits(known.stretch->start.seconds + known.offset);
+  return In32Bits(place.stretch->start.seconds + place.offset);
 }
 
 i32 LocalSecondsAnew(Calendar& calendar) {

@@ -39,8 +39,12 @@ void ForgetLocalTime();
 // would answer by the calls made before.
 i32 LocalSeconds(Calendar& calendar);
 
-// The same for a daylight flag of its own; the calendar stays as it is.
-i32 LocalSecondsAs(const Calendar& calendar, i32 flag);
+// The same by two daylight flags at once; the calendar stays as it is.
+struct TwoReadings {
+  i32 first;
+  i32 second;
+};
+TwoReadings LocalSecondsByTwoFlags(const Calendar& calendar, i32 first, i32 second);
 
 // LocalSeconds without the memory, for stamps outside a file.
 i32 LocalSecondsAnew(Calendar& calendar);

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "fields/byte_reader.h"
 #include "fields/local_time.h"
 
 namespace qvslm {
@@ -25,9 +26,22 @@ constexpr i32 PackedDecimal(u8 byte) {
 
 // Day, month, year. A month out of range is January, a day out of range the first, and years before
 // 70 lie behind 2000.
-void DecodePackedDate(Calendar& calendar);
+inline void DecodePackedDate(Calendar& calendar) {
+  const u8* const bytes = TakeBytes(3);
+  i32 const day = PackedDecimal(bytes[0]);
+  i32 const month = PackedDecimal(bytes[1]) - 1;
+  i32 const year = PackedDecimal(bytes[2]);
+  calendar.Month = month < 0 || month > 11 ? 0 : month;
+  calendar.Day = day < 1 || day > 31 ? 1 : day;
+  calendar.Year = year < 70 ? year + 100 : year;
+}
 
 // Hour, minute, second, as they stand.
-void DecodePackedTime(Calendar& calendar);
+inline void DecodePackedTime(Calendar& calendar) {
+  const u8* const bytes = TakeBytes(3);
+  calendar.Hour = PackedDecimal(bytes[0]);
+  calendar.Minute = PackedDecimal(bytes[1]);
+  calendar.Second = PackedDecimal(bytes[2]);
+}
 
 }  // namespace qvslm

@@ -24,13 +24,15 @@ void ForgetRunningTimes() {
 }
 
 i32 NormalizeTime(Calendar& calendar, i32* slot) {
-  i32 seconds = LocalSecondsAs(calendar, DstHint);
+  auto const [hinted, plain] = LocalSecondsByTwoFlags(calendar, DstHint, calendar.DaylightFlag);
+  i32 seconds = hinted;
   if (slot != nullptr) {
-    if (seconds < *slot) seconds = LocalSecondsAs(calendar, calendar.DaylightFlag);
+    if (hinted < *slot) seconds = plain;
     *slot = seconds;
   }
-  if (seconds >= DstSpanStart && seconds <= DstSpanEnd) calendar.DaylightFlag = DstHint;
-  return LocalSecondsAs(calendar, calendar.DaylightFlag);
+  if (seconds < DstSpanStart || seconds > DstSpanEnd) return plain;
+  calendar.DaylightFlag = DstHint;
+  return hinted;
 }
 
 void NoteDstEvent(const Calendar& calendar, i16 event) {

@@ -7,8 +7,6 @@ namespace qvslm {
 
 namespace {
 
-constexpr u8 kHighestSample = 127;
-
 bool HasOldSecondLevels() {
   i16 const model = CurrentContext->Model;
   f64 const version = CurrentContext->FirmwareVersion;
@@ -38,7 +36,7 @@ StreamLevels StreamLevelsInForce() {
   return {
       .twoBytes = context.WholeDbStream == 0,
       .secondLevels = kind != 0,
-      .firstPart = context.Model == kModel442 ? 1 / 256.0 : 2 / 256.0,
+      .firstWeight = context.Model == kModel442 ? 1U : 2U,
       .offset = OffsetInForce(),
       .secondRaise = raised ? 16.0 : 0.0,
       .plainSecond = kind == 4,
@@ -69,6 +67,17 @@ i32 DecodeStreamLevel2(f32& result) {
   return 0;
 }
 
+u32 PassSamples() {
+  TranslateContext& context = *CurrentContext;
+  i32 const bytes = (context.WholeDbStream == 0 ? 2 : 1) * (context.SecondLevelKind != 0 ? 2 : 1);
+  i32 const last = static_cast<i32>(context.RecordLength) - bytes;
+  i32 const from = context.RecordPos;
+  i32 at = from;
+  while (at <= last && IsSampleByte(context.RecordBuffer[at])) at += bytes;
+  context.RecordPos = at;
+  return static_cast<u32>((at - from) / bytes);
+}
+
 u8 PassStreamEntry(i32& status) {
   const TranslateContext& context = *CurrentContext;
   bool const twoBytes = context.WholeDbStream == 0;
@@ -79,7 +88,7 @@ u8 PassStreamEntry(i32& status) {
   if (twoBytes) last = ReadByte(status);
   if (secondLevel && status >= 0) last = ReadByte(status);
   if (secondLevel && twoBytes && status >= 0) last = ReadByte(status);
-  return first <= kHighestSample ? first : last;
+  return IsSampleByte(first) ? first : last;
 }
 
 }  // namespace qvslm

@@ -83,7 +83,9 @@ i32 SearchStretch442() {
   };
   std::unique_ptr<char, Free> const block(static_cast<char*>(std::malloc(kScanBlock)));
   if (block == nullptr) return FailWith(QV_NO_MEMORY);
-  std::string_view const text(block.get(), ReadFileBlock(block.get(), kScanBlock));
+  std::size_t const count = ReadFileBlock(block.get(), kScanBlock);
+  if (count < kScanBlock && ReadFailed()) return FailWith(QV_SEEK_FAILED);
+  std::string_view const text(block.get(), count);
   std::size_t const found = FindResultsBlock(text);
   if (found == std::string_view::npos || !TakeRegisters(text, found + 1)) {
     return FailWith(QV_NOT_FOUND);

@@ -1,4 +1,4 @@
-#include <cstddef>
+#include <span>
 
 #include "fields/byte_reader.h"
 #include "fields/data_file.h"
@@ -47,19 +47,18 @@ i8 SampleBase() {
   return LowBits<i8>(TruncateToI32(base));
 }
 
+// Samples above 127 are flagged; those that are not 0 without the flag are raised by the base.
 // Returns the status of the last byte, be it the count.
 i32 DecodeSamples(QvInterval& record) {
   TranslateContext& context = *CurrentContext;
   u32 const count = ReadByte();
+  if (count > 0) ReadRawBytes(record.Samples, count);
+  auto const base = static_cast<u8>(SampleBase());
   u32 flagged = 0;
-  i8 const base = SampleBase();
-  for (u32 at = 0; at < count; ++at) {
-    u32 sample = ReadByte();
-    if (sample > 127) {
-      sample &= 0x7F;
-      ++flagged;
-    }
-    record.Samples[at] = static_cast<u8>(sample == 0 ? 0 : sample + static_cast<u32>(base));
+  for (u8& sample : std::span(record.Samples, count)) {
+    auto const level = static_cast<u8>(sample & 0x7F);
+    flagged += sample >> 7;
+    sample = level == 0 ? u8{0} : static_cast<u8>(level + base);
   }
   record.SampleSpacing = static_cast<f32>(context.IntervalSamplePeriod / 32.0);
   if (count > 0) {

@@ -27,58 +27,6 @@ struct Entry {
   u8 lastByte = 0;
 };
 
-// Reads entries from RecordBuffer. The place in it is written back when the call's entries are
-// read.
-class EntryReader {
- public:
-  i32 Read(Entry& entry) {
-    entry.lastByte = Next();
-    if (entry.lastByte > kHighestSample) {
-      ReadMarker(entry);
-    } else if (entry.lastByte != 0) {
-      ReadSample(entry);
-    }
-    return status_;
-  }
-
-  i32 Position() const { return static_cast<i32>(next_ - CurrentContext->RecordBuffer); }
-
- private:
-  static constexpr u8 kHighestSample = 127;
-
-  u8 Next() {
-    if (next_ == end_) {
-      status_ = QV_RECORD_TOO_SHORT;
-      return 0;
-    }
-    return *next_++;
-  }
-
-  void ReadMarker(Entry& entry) {
-    entry.first = -static_cast<f32>(entry.lastByte);
-    if (levels_.twoBytes) entry.lastByte = Next();
-    if (!levels_.secondLevels) return;
-    entry.lastByte = Next();
-    entry.second = entry.lastByte;
-    if (levels_.twoBytes) entry.lastByte = Next();
-  }
-
-  void ReadSample(Entry& entry) {
-    u32 const lo = levels_.twoBytes ? Next() : u8{0};
-    if (status_ < 0) return;
-    entry.first = levels_.First(entry.lastByte, lo);
-    if (!levels_.secondLevels) return;
-    u32 const hi2 = Next();
-    u32 const lo2 = levels_.twoBytes ? Next() : u8{0};
-    if (status_ >= 0) entry.second = levels_.Second(hi2, lo2);
-  }
-
-  StreamLevels levels_ = StreamLevelsInForce();
-  const u8* next_ = CurrentContext->RecordBuffer;
-  const u8* end_ = next_ + CurrentContext->RecordLength;
-  i32 status_ = 0;
-};
-
 u16 StreamFlags() {
   u32 const kind = CurrentContext->SecondLevelKind;
   return kind == 0 ? u16{0} : static_cast<u16>(u32{1} << ((kind + 7) % 32));
@@ -108,32 +56,116 @@ u32 MarkerDetail(f32 second) {
   return (static_cast<u32>(TruncateToI32(second)) - 128U) & 0x0FU;
 }
 
-// Entries on their way into the output record. The running time and the count of entries are
-// written back to the context by Close.
-class Collector {
+// Takes the entries of one call from RecordBuffer into the output record. The places in both, and
+// the running time, are kept here and written back by Close.
+class StreamCall {
  public:
-  // Puts an entry into the record; true when that completes it. A level at or below 0 counts as a
-  // marker, whatever it was.
-  bool Take(const Entry& entry) {
-    if (entry.first > 0) {
-      record_.FirstLevels[pending_] = entry.first;
-      record_.SecondLevels[pending_] = entry.second;
-      time_ += period_;
-      return ++pending_ >= kEntriesPerRecord;
+  // Takes entries until the record is complete, the stream ends, or the block does; true when the
+  // record is complete. The status is that of the last read.
+  bool Take(Entry& entry, i32& status) {
+    for (;;) {
+      TakePlainSamples();
+      if (pending_ >= kEntriesPerRecord) return true;
+      Read(entry);
+      status = status_;
+      if (entry.lastByte == 0 || status_ < 0) return false;
+      if (Collect(entry)) return true;
     }
-    return TakeMarker(entry) || pending_ >= kEntriesPerRecord;
   }
 
-  void Close() {
+  void Close() const {
     TranslateContext& context = *CurrentContext;
+    context.RecordPos = static_cast<i32>(next_ - context.RecordBuffer);
     context.SampleCount += static_cast<u32>(pending_ - context.SamplesPending);
     context.SamplesPending = static_cast<i16>(pending_);
     context.StreamTime = time_;
   }
 
  private:
+  void TakePlainSamples() {
+    if (levels_.twoBytes) {
+      levels_.secondLevels ? TakeRun<true, true>() : TakeRun<true, false>();
+    } else {
+      levels_.secondLevels ? TakeRun<false, true>() : TakeRun<false, false>();
+    }
+  }
+
+  // The samples ahead, one form at a time. What is no sample above 0 is left to Read and Collect.
+  template <bool kTwoBytes, bool kSecondLevels>
+  void TakeRun() {
+    constexpr std::ptrdiff_t kBytes = (kTwoBytes ? 2 : 1) * (kSecondLevels ? 2 : 1);
+    StreamLevels const levels = levels_;
+    const u8* next = next_;
+    i32 pending = pending_;
+    f64 time = time_;
+    for (; pending < kEntriesPerRecord && end_ - next >= kBytes; next += kBytes) {
+      if (!IsSampleByte(next[0])) break;
+      f32 const first = levels.First(next[0], kTwoBytes ? next[1] : 0);
+      if (!(first > 0)) break;
+      record_.FirstLevels[pending] = first;
+      if constexpr (kSecondLevels) {
+        const u8* const second = next + kBytes / 2;
+        record_.SecondLevels[pending] = levels.Second(second[0], kTwoBytes ? second[1] : 0);
+      }
+      time += period_;
+      ++pending;
+    }
+    next_ = next;
+    pending_ = pending;
+    time_ = time;
+  }
+
+  // Reads one entry of any kind.
+  void Read(Entry& entry) {
+    entry.lastByte = Next();
+    if (IsSampleByte(entry.lastByte)) {
+      ReadSample(entry);
+    } else if (entry.lastByte != 0) {
+      ReadMarker(entry);
+    }
+  }
+
+  u8 Next() {
+    if (next_ == end_) {
+      status_ = QV_RECORD_TOO_SHORT;
+      return 0;
+    }
+    return *next_++;
+  }
+
+  void ReadMarker(Entry& entry) {
+    entry.first = -static_cast<f32>(entry.lastByte);
+    if (levels_.twoBytes) entry.lastByte = Next();
+    if (!levels_.secondLevels) return;
+    entry.lastByte = Next();
+    entry.second = entry.lastByte;
+    if (levels_.twoBytes) entry.lastByte = Next();
+  }
+
+  void ReadSample(Entry& entry) {
+    u32 const lo = levels_.twoBytes ? Next() : u8{0};
+    if (status_ < 0) return;
+    entry.first = levels_.First(entry.lastByte, lo);
+    if (!levels_.secondLevels) return;
+    u32 const hi2 = Next();
+    u32 const lo2 = levels_.twoBytes ? Next() : u8{0};
+    if (status_ >= 0) entry.second = levels_.Second(hi2, lo2);
+  }
+
+  // Puts an entry into the record; true when that completes it. A level at or below 0 counts as a
+  // marker, whatever it was.
+  bool Collect(const Entry& entry) {
+    if (entry.first > 0) {
+      record_.FirstLevels[pending_] = entry.first;
+      record_.SecondLevels[pending_] = entry.second;
+      time_ += period_;
+      return ++pending_ >= kEntriesPerRecord;
+    }
+    return CollectMarker(entry) || pending_ >= kEntriesPerRecord;
+  }
+
   // A run marker sets the time to that of the event it answers to, and completes the record.
-  bool TakeMarker(const Entry& entry) {
+  bool CollectMarker(const Entry& entry) {
     TranslateContext& context = *CurrentContext;
     i32 const code = MarkerCode(entry.first);
     record_.FirstLevels[pending_] = static_cast<f32>(-1.0 * code);
@@ -146,6 +178,10 @@ class Collector {
   }
 
   QvTimeHistory& record_ = OutputAs<QvTimeHistory>();
+  StreamLevels levels_ = StreamLevelsInForce();
+  const u8* next_ = CurrentContext->RecordBuffer;
+  const u8* end_ = next_ + CurrentContext->RecordLength;
+  i32 status_ = 0;
   i32 pending_ = CurrentContext->SamplesPending;
   f64 time_ = CurrentContext->StreamTime;
   f64 period_ = CurrentContext->StreamPeriod;
@@ -160,26 +196,19 @@ i32 DecodeStream() {
     context.FirstRunTime = static_cast<u32>(context.RunEventTimes[0]);
   }
   context.RecordLength = kStreamBlock;
-  std::memset(context.Output, 0, sizeof(QvTimeHistory));
+  ClearOutput(sizeof(QvTimeHistory));
   ReadRecordBlock(kStreamBlock);
 
-  EntryReader reader;
-  Collector collector;
+  StreamCall call;
   Entry entry;
-  bool complete = false;
   i32 status = 0;
-  while (!complete) {
-    status = reader.Read(entry);
-    if (entry.lastByte == 0 || status < 0) break;
-    complete = collector.Take(entry);
-  }
-  context.RecordPos = reader.Position();
-  collector.Close();
+  bool const complete = call.Take(entry, status);
+  call.Close();
   // What is raised for each entry, with the status of a step without a fault.
   context.LastError = 0;
   std::memcpy(context.ErrorText, kNoErrorText, sizeof kNoErrorText);
 
-  bool const ended = entry.lastByte == 0;
+  bool const ended = !complete && entry.lastByte == 0;
   if (complete || (ended && context.SamplesPending > 0)) {
     FinishSampleRecord();
     status = 0;
@@ -198,8 +227,11 @@ i32 SkipStreamBlock() {
   context.AutoRefill = 1;
   ReadRecordBlock(kStreamBlock);
   i32 status = 0;
-  while (PassStreamEntry(status) != 0 && status >= 0) {
-  }
+  u8 last = 0;
+  do {
+    PassSamples();
+    last = PassStreamEntry(status);
+  } while (last != 0 && status >= 0);
   context.AutoRefill = 0;
   if (context.FileOffset > std::numeric_limits<i32>::max() - context.RecordPos) {
     return FailWith(QV_SEEK_FAILED);

@@ -327,7 +327,7 @@ void TakeRegister(i32 number, std::string_view value, QBlock& block) {
 i32 ParseQBlock() {
   TranslateContext& context = *CurrentContext;
   auto& record = OutputAs<QvSettings>();
-  std::memset(&record, 0, sizeof record);
+  ClearOutput(sizeof record);
   QBlock block{record, ClearedCalendar()};
   if (context.Model != kModel442) {
     for (f32& value : context.KeptSixValues) value = kNotKept;

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cstring>
 #include <iterator>
 
 #include "fields/number_text.h"
@@ -27,7 +26,7 @@ template <class Record>
 Record& BeginResults() {
   const TranslateContext& context = *CurrentContext;
   auto& record = OutputAs<Record>();
-  std::memset(&record, 0, sizeof record);
+  ClearOutput(sizeof record);
   if (context.KeptSixValues[0] != -1.0F) {
     std::copy(std::begin(context.KeptSixValues), std::end(context.KeptSixValues),
               record.KeptSixValues);
