@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/settings_lines.h"
+#include "tests/support/block_lines.h"
 #include "tests/support/translation.h"
 
 namespace {

@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/block_lines.h"
 #include "tests/support/record_image.h"
 #include "tests/support/register_rows.h"
 #include "tests/support/settings_block.h"
-#include "tests/support/settings_lines.h"
 #include "tests/support/translation.h"
 
 namespace {

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/block_lines.h"
 #include "tests/support/record_image.h"
 #include "tests/support/results_block.h"
-#include "tests/support/settings_lines.h"
 #include "tests/support/translation.h"
 
 namespace {

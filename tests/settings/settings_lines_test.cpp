@@ -1,13 +1,12 @@
 // The frame that the four settings blocks share: lines, their numbers and values, and where a block
 // ends.
-#include "tests/support/settings_lines.h"
-
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <string>
 #include <vector>
 
+#include "tests/support/block_lines.h"
 #include "tests/support/temp_file.h"
 #include "tests/support/translation.h"
 

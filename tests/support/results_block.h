@@ -5,8 +5,8 @@
 
 #include <vector>
 
+#include "tests/support/block_lines.h"
 #include "tests/support/record_image.h"
-#include "tests/support/settings_lines.h"
 #include "tests/support/translation.h"
 
 namespace test {
