@@ -8,8 +8,8 @@
 
 #include "errors.h"
 #include "latin1.h"
-#include "local_time.h"
 #include "record_table.h"
+#include "stamp_text.h"
 #include "walk.h"
 
 namespace host {

@@ -1,4 +1,4 @@
-#include "translation.h"
+#include "library_file.h"
 
 #include <algorithm>
 #include <cstdlib>

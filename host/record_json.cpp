@@ -4,8 +4,8 @@
 #include <cstring>
 
 #include "latin1.h"
-#include "local_time.h"
 #include "qvslm_records.h"
+#include "stamp_text.h"
 
 namespace host {
 namespace {

@@ -1,4 +1,4 @@
-#include "local_time.h"
+#include "stamp_text.h"
 
 #include <array>
 #include <cstdio>

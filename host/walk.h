@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <functional>
 
+#include "library_file.h"
 #include "outcome.h"
 #include "progress.h"
-#include "translation.h"
 
 namespace host {
 

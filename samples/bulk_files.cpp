@@ -4,7 +4,7 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "samples/setup_block.h"
+#include "samples/setup_items.h"
 #include "samples/sound.h"
 #include "samples/station.h"
 

@@ -1,6 +1,6 @@
 #include "samples/model431_samples.h"
 
-#include "samples/setup_block.h"
+#include "samples/setup_items.h"
 #include "samples/sound.h"
 #include "samples/station.h"
 

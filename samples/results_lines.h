@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "samples/results_block.h"
+#include "samples/sample_results.h"
 
 namespace samples {
 

@@ -1,4 +1,4 @@
-#include "samples/settings_block.h"
+#include "samples/sample_settings.h"
 
 #include <cstdio>
 

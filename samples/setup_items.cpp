@@ -1,4 +1,4 @@
-#include "samples/setup_block.h"
+#include "samples/setup_items.h"
 
 #include "samples/setup_records.h"
 

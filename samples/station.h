@@ -3,7 +3,7 @@
 
 #include "samples/band_items.h"
 #include "samples/general_items.h"
-#include "samples/results_block.h"
+#include "samples/sample_results.h"
 #include "samples/site_items.h"
 #include "samples/stream_items.h"
 #include "samples/summary_items.h"
