@@ -29,12 +29,11 @@ class Run {
   }
 
   Translation Whole(const char* path) {
-    std::int64_t const open = WorkSoFar().filesOpen;
     Start(path);
     bool const canGoOn = result_.startStatus == QV_OK || result_.startStatus == QV_NO_TEXT_HEADER;
     if (canGoOn) Walk();
     QV_StopTranslate();
-    Expect(WorkSoFar().filesOpen == open, "the stop closes the file");
+    Expect(FilesOpen() == 0, "the stop closes the file");
     return std::move(result_);
   }
 
@@ -45,6 +44,7 @@ class Run {
     Expect(IsOneOf(result_.startStatus, {QV_OK, QV_NO_TEXT_HEADER, QV_SEEK_FAILED,
                                          QV_TAIL_SEEK_FAILED, QV_NOT_FOUND, QV_NO_MEMORY}),
            "a status of the start");
+    Expect(FilesOpen() == 1, "a start leaves its file open");
   }
 
   void Walk() {
@@ -76,13 +76,11 @@ class Run {
   std::int32_t Step() {
     if (use_ == ContextUse::Moved) Move();
     record_->Refill();
-    std::int64_t const open = WorkSoFar().filesOpen;
     std::int32_t const status = Bounded(fileSize_, Growth::Linear, [&] {
       return QV_TranslateNextRec(record_->Data(), context_->Data());
     });
-    // A step closes its file at the end of the data, and opens it anew behind that.
-    std::int64_t const opened = WorkSoFar().filesOpen - open;
-    Expect(status == QV_END_OF_DATA ? opened <= 0 : opened >= 0, "a step keeps its file");
+    // A step opens the file anew behind the end of the data, and closes it there.
+    Expect(FilesOpen() == (status == QV_END_OF_DATA ? 0 : 1), "a file is open up to its end");
     CheckStep(status);
     return status;
   }
@@ -148,6 +146,8 @@ class Run {
     std::swap(context_, other_);
   }
 
+  std::int64_t FilesOpen() const { return WorkSoFar().filesOpen - openBefore_; }
+
   std::uint16_t Type() const { return RecordIn<std::uint16_t>(*record_); }
 
   static test::GuardedBuffer& ContextBuffer(int which) {
@@ -160,6 +160,7 @@ class Run {
     return buffer;
   }
 
+  std::int64_t openBefore_ = WorkSoFar().filesOpen;
   std::size_t fileSize_;
   ContextUse use_;
   std::size_t intervalSize_;
