@@ -19,14 +19,26 @@ mkdir -p "$build"
 ninja -C "$build" fuzz_targets >"$build/build.log" 2>&1 ||
   { tail -n 40 "$build/build.log" >&2; exit 1; }
 
+# The census and the translation alone profit from the files of the target that does both.
+shared_with() {
+  case $1 in
+    fuzz_translate | fuzz_census) echo fuzz/corpus/fuzz_translate_counted ;;
+  esac
+}
+
 # run TARGET: one line on what came of it.
 run() {
   local target=$1 log=$build/$1.log found=$build/found/$1
+  # An empty folder is not kept by git.
+  local folders=("$found") folder
+  for folder in "fuzz/corpus/$target" $(shared_with "$target"); do
+    if [ -d "$folder" ]; then folders+=("$folder"); fi
+  done
   mkdir -p "$found" "$build/findings"
   local outcome=0
-  "$build/fuzz/$target" -max_total_time="$seconds" -max_len=36000 -timeout=20 \
+  "$build/fuzz/$target" -max_total_time="$seconds" -max_len=12000 -timeout=20 \
     -rss_limit_mb=1500 -dict=fuzz/qvslm.dict -print_final_stats=1 \
-    -artifact_prefix="$build/findings/$target-" "$found" "fuzz/corpus/$target" \
+    -artifact_prefix="$build/findings/$target-" "${folders[@]}" \
     >"$log" 2>&1 || outcome=$?
   if [ $outcome -ne 0 ]; then
     echo "$target: a finding in build/fuzz/findings, log in build/fuzz/$target.log" >&2
@@ -39,15 +51,18 @@ run() {
   echo "$target: $seconds s, $executions executions, $coverage, no finding"
 }
 
+passed=0
 failed=0
-running=()
+running=0
+settle() {
+  if wait -n; then passed=$((passed + 1)); else failed=$((failed + 1)); fi
+  running=$((running - 1))
+}
 for target in "${targets[@]}"; do
-  if [ ${#running[@]} -eq 2 ]; then
-    wait "${running[0]}" || failed=1
-    running=("${running[1]}")
-  fi
+  [ "$running" -lt 2 ] || settle
   run "$target" &
-  running+=($!)
+  running=$((running + 1))
 done
-for job in "${running[@]}"; do wait "$job" || failed=1; done
-exit $failed
+while [ "$running" -gt 0 ]; do settle; done
+echo "fuzz targets: $passed passed, $failed failed"
+[ "$failed" -eq 0 ]
