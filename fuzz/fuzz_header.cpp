@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "fuzz/memory_file.h"
+#include "fuzz/fuzzed_file.h"
 #include "fuzz/oracles.h"
 #include "fuzz/work_bound.h"
 
@@ -15,7 +15,7 @@ using fuzz::IsOneOf;
 constexpr std::size_t kSerialSize = 81;
 
 struct Host {
-  fuzz::MemoryFile file;
+  fuzz::FuzzedFile file;
   std::size_t size = 0;
   test::GuardedBuffer context{9984};
 
@@ -106,7 +106,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static Host host;
-  host.file.Hold(data, size);
+  host.file.Hold({data, size});
   host.size = size;
   TryHeader(host);
   TrySerial(host);

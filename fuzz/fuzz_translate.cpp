@@ -1,17 +1,42 @@
 // A whole translation without a census before it.
 
-#include "fuzz/memory_file.h"
+#include "fuzz/fuzzed_file.h"
 #include "fuzz/oracles.h"
+#include "fuzz/shifted_file.h"
 #include "fuzz/translation_run.h"
+
+namespace {
+
+using fuzz::ContextUse;
+
+fuzz::Translation Translate(fuzz::FuzzedFile& file, std::span<const std::uint8_t> bytes,
+                            ContextUse use) {
+  file.Hold(bytes);
+  return fuzz::Translate(file.Path(), bytes.size(), use);
+}
+
+std::span<const std::uint8_t> BytesOf(const std::string& text) {
+  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+bool AreEqual(const fuzz::Translation& one, const fuzz::Translation& other) {
+  return one.startStatus == other.startStatus && one.log == other.log;
+}
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static fuzz::MemoryFile file;
-  file.Hold(data, size);
-  auto const first = fuzz::Translate(file.Path(), size, fuzz::ContextUse::Steady);
-  auto const second = fuzz::Translate(file.Path(), size, fuzz::ContextUse::Moved);
-  fuzz::Expect(first.startStatus == second.startStatus && first.log == second.log,
+  static fuzz::FuzzedFile file;
+  std::span<const std::uint8_t> const bytes(data, size);
+  fuzz::Expect(AreEqual(Translate(file, bytes, ContextUse::Steady),
+                        Translate(file, bytes, ContextUse::Moved)),
                "two translations of a file give the same records");
+  if (auto const shifted = fuzz::Shift(bytes)) {
+    fuzz::Expect(AreEqual(Translate(file, BytesOf(shifted->near), ContextUse::Steady),
+                          Translate(file, BytesOf(shifted->far), ContextUse::Steady)),
+                 "records do not depend on where in the file they stand");
+  }
   return 0;
 }

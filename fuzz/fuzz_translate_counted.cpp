@@ -2,15 +2,15 @@
 
 #include "fuzz/census_agreement.h"
 #include "fuzz/census_run.h"
-#include "fuzz/memory_file.h"
+#include "fuzz/fuzzed_file.h"
 #include "fuzz/oracles.h"
 #include "fuzz/translation_run.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static fuzz::MemoryFile file;
-  file.Hold(data, size);
+  static fuzz::FuzzedFile file;
+  file.Hold({data, size});
   fuzz::Census const census = fuzz::RunCensus(file.Path(), size);
   // The mode of a file is that of all its intervals.
   std::size_t const interval =
