@@ -83,6 +83,12 @@ std::string FamilyFile(Family family, Season season) {
   });
 }
 
+std::string YearsFile(Family family) {
+  return KeptFile(
+      std::string(samples::FamilyName(family)) + "_years",
+      [&](const std::string& path) { samples::WriteFamilyFile(path, family, kRecordsOfYears); });
+}
+
 std::string MixedFile(int megabytes) {
   return KeptFile("mixed_" + std::to_string(megabytes), [&](const std::string& path) {
     samples::WriteMixedFile(path, std::int64_t{megabytes} * 1000000);

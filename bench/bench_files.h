@@ -16,6 +16,9 @@ const char* SeasonName(Season season);
 // Records of a family's file: enough for some milliseconds, all within one season.
 int RecordsOf(samples::Family family);
 std::string FamilyFile(samples::Family family, Season season = Season::kWinter);
+// Two years of a family, a record a minute: more than the caches of a processor hold.
+inline constexpr int kRecordsOfYears = 1000000;
+std::string YearsFile(samples::Family family);
 std::string MixedFile(int megabytes);
 
 // The path of a file in the folder. Another benchmark's file is written by its own function, given

@@ -2,7 +2,7 @@
 //
 //   guard_translations write FOLDER   writes the files
 //   guard_translations walk FOLDER    counts and translates each; under callgrind, each walk leaves
-//                                     its own dump, named "census FAMILY" or "translation FAMILY"
+//                                     its own dump, named "census NAME" or "translation NAME"
 #include <valgrind/callgrind.h>
 
 #include <array>
@@ -24,6 +24,8 @@ using samples::Family;
 
 constexpr int kRecords = 3000;
 constexpr int kStreamSamples = 60000;
+constexpr const char* kMixed = "mixed";
+constexpr int kMixedBytes = 1000000;
 
 int RecordsOf(Family family) {
   switch (family) {
@@ -40,16 +42,23 @@ int RecordsOf(Family family) {
   }
 }
 
-std::string FileOf(const std::string& folder, Family family) {
-  return folder + "/" + samples::FamilyName(family);
+// The families, and a mixed file behind them.
+std::vector<std::string> Names() {
+  std::vector<std::string> names;
+  for (Family const family : samples::kFamilies) names.emplace_back(samples::FamilyName(family));
+  names.emplace_back(kMixed);
+  return names;
 }
 
 void WriteFiles(const std::string& folder) {
-  // Two days across the autumn clock change of the zone below.
-  samples::Clock const start = samples::At(2020, 10, 24);
+  // Days across the clock changes of the zone below.
+  samples::Clock const autumn = samples::At(2020, 10, 24);
+  samples::Clock const spring = samples::At(2020, 3, 27);
   for (Family const family : samples::kFamilies) {
-    samples::WriteFamilyFile(FileOf(folder, family), family, RecordsOf(family), start);
+    std::string const path = folder + "/" + samples::FamilyName(family);
+    samples::WriteFamilyFile(path, family, RecordsOf(family), autumn);
   }
+  samples::WriteMixedFile(folder + "/" + kMixed, kMixedBytes, spring);
 }
 
 void Expect(int status, int expected, const std::string& path) {
@@ -57,8 +66,7 @@ void Expect(int status, int expected, const std::string& path) {
   throw std::runtime_error(path + ": status " + std::to_string(status));
 }
 
-void NameCounts(const char* walk, Family family) {
-  std::string const name = std::string(walk) + " " + samples::FamilyName(family);
+void KeepCounts(const std::string& name) {
   CALLGRIND_DUMP_STATS_AT(name.c_str());
 }
 
@@ -68,16 +76,16 @@ void WalkFiles(const std::string& folder) {
   tzset();
   std::vector<std::uint64_t> context(QV_GetBufferSize() / 8);
   alignas(4) static std::array<std::uint8_t, QV_OUTPUT_RECORD_SIZE> record;
-  for (Family const family : samples::kFamilies) {
-    std::string const path = FileOf(folder, family);
+  for (const std::string& name : Names()) {
+    std::string const path = folder + "/" + name;
     QvRecordCensus census;
     Expect(QV_GetRecordCount(path.c_str(), context.data(), &census, record.data()), QV_OK, path);
-    NameCounts("census", family);
+    KeepCounts("census " + name);
     Expect(QV_StartTranslate(path.c_str(), context.data()), QV_OK, path);
     int status = QV_OK;
     while (status >= 0) status = QV_TranslateNextRec(record.data(), context.data());
     Expect(status, QV_END_OF_DATA, path);
-    NameCounts("translation", family);
+    KeepCounts("translation " + name);
   }
 }
 

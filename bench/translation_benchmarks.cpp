@@ -1,5 +1,5 @@
-// Census and translation beside their yardsticks: families one by one, mixed files of three sizes,
-// and the zones.
+// Census and translation beside their yardsticks: families one by one, years of intervals, mixed
+// files of three sizes, and the zones.
 
 #include "bench/limit.h"
 #include "bench/measure.h"
@@ -74,6 +74,11 @@ void RegisterTranslations() {
   for (Family const family : samples::kFamilies) {
     std::string const path = FamilyFile(family);
     RegisterFile(samples::FamilyName(family), path, {RecordsOf(family), FileSize(path)});
+  }
+  for (Family const family : {Family::kIntervals, Family::kFullIntervals}) {
+    std::string const path = YearsFile(family);
+    RegisterFile(std::string(samples::FamilyName(family)) + "_years", path,
+                 {kRecordsOfYears, FileSize(path)});
   }
   for (int const megabytes : {1, 30, 300}) {
     std::string const path = MixedFile(megabytes);

@@ -271,21 +271,21 @@ void AddFamily(SampleBuilder& sample, Output& output, Family family, int records
 
 }  // namespace
 
-void WriteMixedFile(const std::string& path, std::int64_t bytes) {
+void WriteMixedFile(const std::string& path, std::int64_t bytes, Clock start) {
   if (bytes >= std::int64_t{1} << 31) throw std::runtime_error("2 GiB is too much for a data file");
   SampleBuilder sample(SampleBuilder::Keep::kNothing);
   Output output(path, sample);
   GeneralHeader(sample);
   int hour = 0;
   while (output.Size() < bytes) {
-    Clock const start = kStart + hour * kHour;
-    if (hour % 24 == 0) FullSettings(sample, start);
-    AddHour(sample, start, hour % 65536);
+    Clock const now = start + hour * kHour;
+    if (hour % 24 == 0) FullSettings(sample, now);
+    AddHour(sample, now, hour % 65536);
     ++hour;
-    if (hour % 24 == 0) Add(sample, StreetDay(start - 23 * kHour));
+    if (hour % 24 == 0) Add(sample, StreetDay(now - 23 * kHour));
     output.Flush();
   }
-  EndFile(sample, kStart + hour * kHour);
+  EndFile(sample, start + hour * kHour);
   output.Close();
 }
 

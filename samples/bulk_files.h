@@ -8,11 +8,11 @@
 
 namespace samples {
 
-// A file of model 486 of about the given size, below 2 GiB: months of a noise monitoring station,
-// with settings, one-minute intervals with all blocks, events, level marks, time histories,
-// summaries and day summaries as such a station writes them. Throws std::runtime_error when it
-// cannot be written.
-void WriteMixedFile(const std::string& path, std::int64_t bytes);
+// A file of model 486 of about the given size, below 2 GiB: months of a noise monitoring station
+// from `start` on by its clock, with settings, one-minute intervals with all blocks, events, level
+// marks, time histories, summaries and day summaries as such a station writes them. Throws
+// std::runtime_error when it cannot be written.
+void WriteMixedFile(const std::string& path, std::int64_t bytes, Clock start = At(2020, 1, 1));
 
 enum class Family {
   kEvents,

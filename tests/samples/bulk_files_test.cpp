@@ -109,6 +109,10 @@ TEST(BulkFiles, BeginWhenAskedTo) {
   ASSERT_EQ(run.Records(QV_EVENT).size(), 3U);
   EXPECT_EQ(run.As<QvEvent>(0, QV_EVENT).RecordTime, 1593561600);  // 2020-07-01 00:00
   EXPECT_EQ(run.As<QvEvent>(2, QV_EVENT).RecordTime, 1593561720);
+
+  samples::WriteMixedFile(file.Path(), 20000, samples::At(2020, 7, 1));
+  Translation const mixed(file.Path());
+  EXPECT_EQ(mixed.As<QvInterval>(0, QV_INTERVAL).RecordTime, 1593561600);
 }
 
 TEST(BulkFiles, MixRecordsUpToASize) {
