@@ -1,9 +1,10 @@
 /*
  * qvslm_records.h: the records that QVSLMTRANSLATE hands to its host.
  *
- * One struct for each kind of output record, for the text header and for the census. The first
- * field of an output record, RecordType, says which struct the host's buffer holds; code 1 stands
- * for two of them, told apart by the file's mode (mode 4: QvBandInterval). All numbers are
+ * One struct for each kind of output record, for the text header and for the census. The first field
+ * of an output record, RecordType, says which struct the host's buffer holds. Code 1 stands for two of
+ * them, told apart by the file's mode: QvBandInterval in mode 4, that of a model 442 file whose mode
+ * line (HeaderLine6 of QvFileHeaderInfo) begins with "RTA"; else QvInterval. All numbers are
  * little-endian, all fields naturally aligned, and the layouts below are proved by the compiler
  * that includes this header.
  *
@@ -426,7 +427,7 @@ QV_LAYOUT(QvLevelMark, Reserved30, 30);
  */
 typedef struct QvSettings {
   uint16_t RecordType;    /* 7 */
-  uint16_t SiteNumber;    /* site in force when the record was decoded */
+  uint16_t SiteNumber;    /* register Q157, the site number; 0 without it */
   int32_t BlockTime;      /* time: of the block; 0 without register Q7 */
   uint16_t SettingFormat; /* always 0 */
   uint16_t Model;         /* instrument model: 431, 442 or another number */
@@ -517,9 +518,9 @@ typedef struct QvSettings {
   uint16_t SettingQ84;    /* register Q84, scale of Q83; 0: 1/32 s, 1: 1 s, 2: 10 s, 3: 60 s */
   uint16_t SettingQ87;    /* register Q87 */
   uint16_t SettingQ88;    /* register Q88 */
-  uint16_t SettingQ118;   /* register Q118 */
-  uint16_t SettingQ119;   /* register Q119 */
-  uint16_t SettingQ120;   /* register Q120 */
+  uint16_t SettingQ118;   /* register Q118; 0 at firmware 0.9 or below */
+  uint16_t SettingQ119;   /* register Q119; 0 at firmware 0.9 or below */
+  uint16_t SettingQ120;   /* register Q120; 0 at firmware 0.9 or below */
   char SettingQ121[10];   /* text: register Q121, name of the first auxiliary channel */
   char SettingQ129[10];   /* text: register Q129, name of the second auxiliary channel */
   char SettingQ137[10];   /* text: register Q137, name of the third auxiliary channel */
@@ -567,7 +568,7 @@ typedef struct QvSettings {
   uint16_t SettingQ163;    /* register Q163; not on model 442 */
   uint16_t SettingQ164;    /* register Q164; not on model 442 */
   uint16_t SettingQ165;    /* register Q165; not on model 442 */
-  uint16_t SettingQ206;    /* register Q206 */
+  uint16_t SettingQ206;    /* register Q206; 0 at firmware 0.9 or below */
   uint16_t SettingQ209;    /* register Q209 */
   uint16_t SettingQ210;    /* register Q210 */
   char SettingQ161Text[9]; /* text: register Q161 on model 442 */
@@ -785,13 +786,13 @@ typedef struct QvResults {
   int32_t SettingR179;    /* register R179 */
   char SettingR180[6];    /* text: register R180 */
   uint16_t SettingQ54;    /* register Q54 */
-  float SettingR48;       /* register R48 */
+  float SettingR48;       /* the last number before register R48, not its own */
   int32_t SettingR53;     /* 1 when the line holds an n: register R53 */
   float SettingR49;       /* register R49 */
-  float SettingR51;       /* register R51 */
+  float SettingR51;       /* the last number before register R51, not its own */
   uint16_t SettingQ53;    /* register Q53 */
   uint8_t Reserved314[2]; /* zero */
-  float SettingR50;       /* register R50 */
+  float SettingR50;       /* the last number before register R50, not its own */
   char SettingR52[8];     /* text: register R52 */
   float SettingR62;       /* register R62 */
   float SettingR57;       /* register R57 */
@@ -1067,9 +1068,9 @@ QV_LAYOUT(QvLevelMarkBands, Bands, 20);
 /**
  * Code 11, from item 129: the bands of an interval.
  *
- * BandFlags 0x2000 marks the short form: BandsA and BandsB, ShortByte, LevelPair1 and Value are
- * used, BandsC is zero, and so are the last three entries of BandsB. The long form (BandFlags 0)
- * has BandsA, BandsB, BandsC and OverallLevel.
+ * BandFlags 0x2000 marks the short form: it has BandsA, BandsB but for the last three entries,
+ * OverallLevel, LevelPair1, Value and ShortByte. The long form (BandFlags 0) has BandsA, BandsB, BandsC
+ * and OverallLevel. What a form has not is zero.
  */
 typedef struct QvIntervalBands {
   uint16_t RecordType; /* 11 */
@@ -1173,8 +1174,8 @@ QV_LAYOUT(QvIntervalBandSeries, Bands, 32);
  */
 typedef struct QvEnd {
   uint16_t RecordType;       /* 15 */
-  uint16_t SiteNumber;       /* site in force when the record was decoded */
-  int32_t BlockTime;         /* time: of the last 'Q' item */
+  uint16_t SiteNumber;       /* register Q157 of the last 'Q' item that has it */
+  int32_t BlockTime;         /* time: of the last 'Q' item that has register Q7 */
   uint16_t EndRecordZero;    /* always 0 */
   uint8_t Reserved10[2];     /* zero */
   int32_t LatestRecordTime;  /* time: the latest of the records that raise it */
@@ -1932,13 +1933,13 @@ typedef struct QvResults431 {
   int32_t SettingR179;    /* register R179 */
   char SettingR180[6];    /* text: register R180 */
   uint16_t SettingQ54;    /* register Q54 */
-  float SettingR48;       /* register R48 */
+  float SettingR48;       /* the last number before register R48, not its own */
   int32_t SettingR53;     /* 1 when the line holds an n: register R53 */
   float SettingR49;       /* register R49 */
-  float SettingR51;       /* register R51 */
+  float SettingR51;       /* the last number before register R51, not its own */
   uint16_t SettingQ53;    /* register Q53 */
   uint8_t Reserved314[2]; /* zero */
-  float SettingR50;       /* register R50 */
+  float SettingR50;       /* the last number before register R50, not its own */
   char SettingR52[8];     /* text: register R52 */
   float SettingR62;       /* register R62 */
   float SettingR57;       /* register R57 */
@@ -2500,7 +2501,7 @@ typedef struct QvSetupLogging {
   uint8_t Reserved228[2];        /* zero */
   uint16_t SetupWord134;         /* positions 134 to 135 */
   uint16_t SetupWord136;         /* positions 136 to 137 */
-  uint16_t SetupWord138;         /* positions 138 to 139 */
+  uint16_t SetupWord138;         /* positions 138 to 139; from firmware 3.6 on position 138 alone */
   uint16_t StreamSelector;       /* position 140 */
   uint16_t PeriodValue;          /* position 141 */
   uint16_t PeriodUnit;           /* position 142 */
@@ -2533,12 +2534,12 @@ typedef struct QvSetupLogging {
   uint16_t StreamMaskA;          /* position 182 */
   uint16_t StreamMaskB;          /* position 184; position 183 at firmware 2.01 or below */
   uint16_t StreamMaskC;          /* position 186; position 184 at firmware 2.01 or below */
-  uint8_t Reserved304[2];        /* zero */
+  uint8_t Unwritten304[2];       /* not written */
   uint16_t StreamMaskD;          /* position 183; from firmware above 2.01 on */
   uint16_t StreamMaskE;          /* position 185 */
   uint16_t StreamMaskF;          /* position 187; from firmware above 2.01 on */
   uint8_t SetupByte139;          /* position 139; from firmware 3.6 on */
-  uint8_t Reserved313[3];        /* zero */
+  uint8_t Unwritten313[3];       /* not written */
 } QvSetupLogging;
 QV_LAYOUT_SIZE(QvSetupLogging, 316);
 QV_LAYOUT(QvSetupLogging, RecordType, 0);
@@ -2631,12 +2632,12 @@ QV_LAYOUT(QvSetupLogging, StreamLevelBase, 296);
 QV_LAYOUT(QvSetupLogging, StreamMaskA, 298);
 QV_LAYOUT(QvSetupLogging, StreamMaskB, 300);
 QV_LAYOUT(QvSetupLogging, StreamMaskC, 302);
-QV_LAYOUT(QvSetupLogging, Reserved304, 304);
+QV_LAYOUT(QvSetupLogging, Unwritten304, 304);
 QV_LAYOUT(QvSetupLogging, StreamMaskD, 306);
 QV_LAYOUT(QvSetupLogging, StreamMaskE, 308);
 QV_LAYOUT(QvSetupLogging, StreamMaskF, 310);
 QV_LAYOUT(QvSetupLogging, SetupByte139, 312);
-QV_LAYOUT(QvSetupLogging, Reserved313, 313);
+QV_LAYOUT(QvSetupLogging, Unwritten313, 313);
 
 /**
  * Code 54, from an 'S' item of every model but 431: a site. Positions are those of the item's body.
@@ -2838,13 +2839,13 @@ typedef struct QvResults442 {
   int32_t SettingR179;    /* register R179 */
   char SettingR180[6];    /* text: register R180 */
   uint16_t SettingQ54;    /* register Q54 */
-  float SettingR48;       /* register R48 */
+  float SettingR48;       /* the last number before register R48, not its own */
   int32_t SettingR53;     /* 1 when the line holds an n: register R53 */
   float SettingR49;       /* register R49 */
-  float SettingR51;       /* register R51 */
+  float SettingR51;       /* the last number before register R51, not its own */
   uint16_t SettingQ53;    /* register Q53 */
   uint8_t Reserved582[2]; /* zero */
-  float SettingR50;       /* register R50 */
+  float SettingR50;       /* the last number before register R50, not its own */
   char SettingR52[8];     /* text: register R52 */
   float SettingR38;       /* register R38 */
   float SettingR39;       /* register R39 */
@@ -3186,11 +3187,11 @@ typedef struct QvSpectrumSummary {
   float PercentileNumbers[6];  /* %: the n of each percentile level */
   uint8_t DistributionPresent; /* 1 when Distribution is there */
   uint8_t Distribution[384];   /* level distribution, raw bytes */
-  uint8_t Reserved845[3];      /* zero */
+  uint8_t Unwritten845[3];     /* not written */
   float Spectra[6][33];        /* level: six spectra of third-octave bands */
   float Span1;
   uint16_t SpanByte;
-  uint8_t Reserved1646[2]; /* zero */
+  uint8_t Unwritten1646[2]; /* not written */
   float Span2;
 } QvSpectrumSummary;
 QV_LAYOUT_SIZE(QvSpectrumSummary, 1652);
@@ -3223,11 +3224,11 @@ QV_LAYOUT(QvSpectrumSummary, PercentileLevels, 412);
 QV_LAYOUT(QvSpectrumSummary, PercentileNumbers, 436);
 QV_LAYOUT(QvSpectrumSummary, DistributionPresent, 460);
 QV_LAYOUT(QvSpectrumSummary, Distribution, 461);
-QV_LAYOUT(QvSpectrumSummary, Reserved845, 845);
+QV_LAYOUT(QvSpectrumSummary, Unwritten845, 845);
 QV_LAYOUT(QvSpectrumSummary, Spectra, 848);
 QV_LAYOUT(QvSpectrumSummary, Span1, 1640);
 QV_LAYOUT(QvSpectrumSummary, SpanByte, 1644);
-QV_LAYOUT(QvSpectrumSummary, Reserved1646, 1646);
+QV_LAYOUT(QvSpectrumSummary, Unwritten1646, 1646);
 QV_LAYOUT(QvSpectrumSummary, Span2, 1648);
 
 /**
@@ -3538,38 +3539,39 @@ QV_LAYOUT(QvNarrowTable, Levels, 20);
  * position 41 are one byte here.
  */
 typedef struct QvSetupSpectrum {
-  uint16_t RecordType;      /* 70 */
-  uint16_t SiteNumber;      /* site in force when the record was decoded */
-  uint8_t Reserved4[4];     /* zero */
-  uint16_t SettingFormat;   /* always 0 */
-  uint16_t Model;           /* instrument model: 431, 442 or another number */
-  uint16_t SetupHead;       /* position 0 */
-  char SetupTag[8];         /* raw text: positions 1 to 8 */
-  uint8_t Reserved22[2];    /* zero */
-  char SetupTitle[30];      /* raw text: positions 9 to 38 */
-  uint8_t Reserved54[2];    /* zero */
-  uint16_t SetupMode;       /* position 39 */
-  uint16_t SetupByte40;     /* position 40 */
-  uint8_t SetupFlagsByte;   /* position 41: flags */
-  uint8_t FlagsA;           /* position 42 */
-  uint8_t FlagsC;           /* position 48 */
-  uint8_t Reserved63[1];    /* zero */
-  float SetupValue74;       /* positions 74 to 76 */
-  uint8_t SetupByte77;      /* position 77 */
-  uint8_t Reserved69[1];    /* zero */
-  uint16_t SetupWord78;     /* positions 78 to 79 */
-  uint16_t SetupWord80;     /* positions 80 to 81 */
-  uint8_t SetupByte93;      /* position 93 */
-  uint8_t SetupByte94;      /* position 94 */
-  uint8_t GroupBytes[3];    /* positions 95, 103 and 111 */
-  uint8_t Reserved79[1];    /* zero */
-  float GroupValues[3];     /* positions 104, 96 and 112 */
-  float GroupFixed[3];      /* positions 106, 98 and 114 */
-  uint16_t GroupWords[3];   /* positions 109, 101 and 117 */
-  uint8_t SetupByte119;     /* position 119 */
-  uint8_t SetupByte120;     /* position 120 */
-  uint8_t SetupByte121;     /* position 121 */
-  uint8_t SetupByte130;     /* position 130 */
+  uint16_t RecordType;    /* 70 */
+  uint16_t SiteNumber;    /* site in force when the record was decoded */
+  uint8_t Reserved4[4];   /* zero */
+  uint16_t SettingFormat; /* always 0 */
+  uint16_t Model;         /* instrument model: 431, 442 or another number */
+  uint16_t SetupHead;     /* position 0 */
+  char SetupTag[8];       /* raw text: positions 1 to 8 */
+  uint8_t Reserved22[2];  /* zero */
+  char SetupTitle[30];    /* raw text: positions 9 to 38 */
+  uint8_t Reserved54[2];  /* zero */
+  uint16_t SetupMode;     /* position 39 */
+  uint16_t SetupByte40;   /* position 40 */
+  uint8_t SetupFlagsByte; /* position 41: flags */
+  uint8_t FlagsA;         /* position 42 */
+  uint8_t FlagsC;         /* position 48 */
+  uint8_t Reserved63[1];  /* zero */
+  float SetupValue74;     /* positions 74 to 76; a fifth decimal of 5 or more raises the fourth */
+  uint8_t SetupByte77;    /* position 77 */
+  uint8_t Reserved69[1];  /* zero */
+  uint16_t SetupWord78;   /* positions 78 to 79 */
+  uint16_t SetupWord80;   /* positions 80 to 81 */
+  uint8_t SetupByte93;    /* position 93 */
+  uint8_t SetupByte94;    /* position 94 */
+  uint8_t GroupBytes[3];  /* positions 95, 103 and 111 */
+  uint8_t Reserved79[1];  /* zero */
+  float GroupValues[3];   /* positions 104, 96 and 112 */
+  float GroupFixed[3];    /* positions 106, 98 and 114 */
+  uint16_t GroupWords[3]; /* positions 109, 101 and 117 */
+  uint8_t SetupByte119;   /* position 119 */
+  uint8_t SetupByte120;   /* position 120 */
+  uint8_t SetupByte121;   /* position 121 */
+  uint8_t
+      SetupByte130; /* position 130, as firmware 3.112 has it: below that 2 reads 3, and 3 reads 5 */
   char SetupText122[9];     /* text: positions 122 to 129 */
   uint8_t Reserved123[181]; /* zero */
 } QvSetupSpectrum;
@@ -3644,7 +3646,7 @@ QV_LAYOUT(QvBandTable, Reserved162, 162);
  * (QV_GetRecordCount).
  *
  * Where a name of a record stands without a mode it counts that record in all modes that the other
- * fields do not name. Item 132 and the like are type bytes of the file.
+ * fields do not name. Items go by the type bytes of the file.
  */
 typedef struct QvRecordCensus {
   uint32_t LevelMarks;         /* LevelMark records */

@@ -11,18 +11,27 @@
  *   int32_t status = QV_GetRecordCount(path, context, &census, record);
  *   status = QV_StartTranslate(path, context);
  *   if (status == QV_OK || status == QV_NO_TEXT_HEADER) {
- *     while ((status = QV_TranslateNextRec(record, context)) >= 0) {
- *       switch (*(const uint16_t*)record) { ... }
- *     }
+ *     int goesOn;
+ *     do {
+ *       status = QV_TranslateNextRec(record, context);
+ *       const uint16_t code = *(const uint16_t*)record;
+ *       switch (code) { ... }
+ *       goesOn = status >= 0 || (status == QV_RECORD_TOO_SHORT && code != QV_NO_RECORD);
+ *     } while (goesOn);
  *     if (status == QV_END_OF_DATA) ...        the record is the end record, code QV_END
  *   }
  *   QV_StopTranslate();
  *
  * Buffers. The context has QV_GetBufferSize() bytes, is aligned to 8 bytes, and starts out zeroed;
- * the host treats it as opaque, may copy it as bytes, and owns it throughout. The output record has
- * at least QV_OUTPUT_RECORD_SIZE bytes, aligned to 4; no call writes behind the size of the record
- * that it delivers. malloc and calloc give such buffers. The library keeps no pointer to either
- * behind the end of a call, but for QV_StopTranslate, which acts on the context named last.
+ * the host treats it as opaque and owns it throughout. It may copy it as bytes while no file is open
+ * in it. The output record has at least QV_OUTPUT_RECORD_SIZE bytes, aligned to 4; no call writes
+ * behind the size of the record that it delivers. malloc and calloc give such buffers. The library
+ * keeps no pointer to either behind the end of a call, but for QV_StopTranslate, which acts on the
+ * context named last.
+ *
+ * One context, one file. A context that has been used for another file keeps what no start resets: the
+ * titles and the times of its end record (of which the first and the latest win), the flags, masks
+ * and levels that the last setup left, and how many spectra it has delivered. Zero it to start afresh.
  *
  * Threads. The library has no threads and no locks: one thread may be in it at a time, and it is
  * used for one file at a time. The daylight span of the last census (QV_GetRecordCount) and the
@@ -68,18 +77,15 @@ typedef enum QvStatus {
   QV_OK = 0,             /* done; a step may still have yielded no record (type code 0) */
   QV_CANNOT_OPEN = -302, /* the file cannot be opened */
   QV_NOT_FOUND = -310,   /* data that was looked for is not in the file */
-  QV_BAD_LENGTH =
-      -312, /* a record longer than 6200 bytes, or the file ends where one should begin */
-  QV_RECORD_TOO_SHORT =
-      -313, /* the record ended before its last field; what was there is delivered */
-  QV_SEEK_FAILED =
-      -314, /* a seek failed, the position lies above 2 GiB, or the header is unreadable */
-  QV_TAIL_SEEK_FAILED = -315, /* a seek failed at the look at the file's tail, as in short files */
-  QV_BLOCK_COMPLETE = -316,   /* internal; no call returns it */
-  QV_NO_TEXT_HEADER = -317,   /* the file begins with 'Q' lines (or: a lookup found nothing) */
+  QV_BAD_LENGTH = -312,  /* a record over 6200 bytes, or the file ends where one should begin */
+  QV_RECORD_TOO_SHORT = -313, /* the record ended before its last field */
+  QV_SEEK_FAILED = -314,      /* a seek failed, lies above 2 GiB, or the header is unreadable */
+  QV_TAIL_SEEK_FAILED = -315, /* a seek failed in the look at the file's tail, as in short files */
+  QV_BLOCK_COMPLETE = -316,   /* of no call: a number that is taken */
+  QV_NO_TEXT_HEADER = -317,   /* the file begins with 'Q' lines; or a lookup found nothing */
   QV_END_OF_DATA = -318,      /* the normal end; the output record is the end record */
   QV_NO_ARGUMENT = -319,      /* a pointer that the call needs is null */
-  QV_NO_MEMORY = -320         /* the block for the scan of a model 442 file could not be had */
+  QV_NO_MEMORY = -320         /* no memory for the scan of a model 442 file */
 } QvStatus;
 
 /** The type codes of output records: the first field, RecordType, of each. */
@@ -139,21 +145,23 @@ QV_EXPORT uint32_t QV_TranVersionEx(void);
  * Walks a whole file and counts the records that its translation will deliver, and establishes the
  * daylight span by which later translations in this process read their times: the run that crosses
  * the autumn clock change keeps one daylight setting. Resets the context. The file is closed at the
- * end, but stays open when a seek failed (QV_StopTranslate closes it).
+ * end, but stays open when a seek failed (QV_StopTranslate closes it). A file that is still open in
+ * the context is not closed first: stop its translation before.
  *
  * path     as for QV_StartTranslate.
  * context  zeroed, or used for another file before.
  * census   takes the counts; they stand as far as the walk came, whatever the status.
  * record   a buffer of QV_OUTPUT_RECORD_SIZE bytes to work in; what it holds at the end has no
- * meaning.
+ *          meaning.
  *
- * QV_OK               the walk reached the end of the data.
- * QV_NO_ARGUMENT      context, census or record is null; the daylight span is forgotten all the
- * same. QV_CANNOT_OPEN      the file cannot be opened. QV_SEEK_FAILED      a seek failed, the
- * position lies above 2,147,483,647 bytes, or the first header line is missing or none of a data
- * file. QV_BAD_LENGTH       an item is longer than 6200 bytes, the file ended without an end of
- * data, or an item stands there that a walk cannot get past. QV_RECORD_TOO_SHORT an event or a
- * setup ended before its last field.
+ * QV_OK                the walk reached the end of the data.
+ * QV_NO_ARGUMENT       context, census or record is null; the daylight span is forgotten all the same.
+ * QV_CANNOT_OPEN       the file cannot be opened.
+ * QV_SEEK_FAILED       a seek failed, an item ends above 2,147,483,647 bytes, or the first header line
+ *                      is missing or none of a data file.
+ * QV_BAD_LENGTH        an item is longer than 6200 bytes, the file ended without an end of data, or an
+ *                      item stands there that a walk cannot get past.
+ * QV_RECORD_TOO_SHORT  an event or a setup ended before its last field.
  */
 QV_EXPORT int32_t QV_GetRecordCount(const char* path, void* context, QvRecordCensus* census,
                                     void* record);
@@ -162,21 +170,25 @@ QV_EXPORT int32_t QV_GetRecordCount(const char* path, void* context, QvRecordCen
  * Starts the translation of a file: resets the context, opens the file, reads the text header,
  * looks up the last stop time (and on model 442 the level offset) in the file's tail, and goes back
  * to the start of the data. The file stays open until QV_TranslateNextRec has returned
- * QV_END_OF_DATA or QV_StopTranslate is called, also when this call fails behind the open.
+ * QV_END_OF_DATA or QV_StopTranslate is called, also when this call fails behind the open. A file that
+ * is still open in the context is not closed first: stop its translation before.
  *
- * path     NUL-terminated, of any length. A path of more than 259 bytes is opened too, but not
- * kept, so that nothing can be read behind the end record. A null path cannot be opened. context
- * see above.
+ * path     NUL-terminated, of any length. A path of more than 259 bytes is opened too, but not kept, so
+ *          that nothing can be read behind the end record. A null path cannot be opened.
+ * context  see above.
  *
- * QV_OK               the walk can begin.
- * QV_NO_TEXT_HEADER   the file is in the settings form, without a text header: the walk can begin
- * all the same, with model 486 and mode 0. QV_NO_ARGUMENT      context is null; nothing was done.
- * QV_CANNOT_OPEN      the file cannot be opened.
- * QV_SEEK_FAILED      the first header line is missing or none of a data file, or a seek or the
- * read of the scan failed. QV_TAIL_SEEK_FAILED the file is shorter than the tail that is looked at:
- * 1000 bytes on model 431, 2500 on others but 442. Model, mode and firmware version are known by
- * then. QV_NOT_FOUND        model 442: no results block, or none with register 106, in the first
- * 2,100,000 bytes behind the header. QV_NO_MEMORY        model 442: no memory for the scan.
+ * QV_OK                the walk can begin.
+ * QV_NO_TEXT_HEADER    the file is in the settings form, without a text header: the walk can begin all
+ *                      the same, with model 486 and mode 0.
+ * QV_NO_ARGUMENT       context is null; nothing was done.
+ * QV_CANNOT_OPEN       the file cannot be opened.
+ * QV_SEEK_FAILED       the first header line is missing or none of a data file, or a seek or the read
+ *                      of the scan failed.
+ * QV_TAIL_SEEK_FAILED  the file is shorter than the tail that is looked at: 1000 bytes on model 431,
+ *                      2500 on others but 442. Model, mode and firmware version are known by then.
+ * QV_NOT_FOUND         model 442: no results block, or none with register 106, in the first 2,100,000
+ *                      bytes behind the header.
+ * QV_NO_MEMORY         model 442: no memory for the scan.
  */
 QV_EXPORT int32_t QV_StartTranslate(const char* path, void* context);
 
@@ -184,24 +196,25 @@ QV_EXPORT int32_t QV_StartTranslate(const char* path, void* context);
  * Makes one step: takes one item of the file, or a stretch of a stream, and delivers at most one
  * record. Called until the result is negative.
  *
- * record   the host's buffer of QV_OUTPUT_RECORD_SIZE bytes. Its first u16 becomes the type code of
- * the record, 0 when the step yielded none (status 0: an item without a record; or a failure).
- * context  as QV_StartTranslate left it. When its file is not open it is opened anew from the path
- * that the start kept, and read on: behind the end record, what follows the end of the data.
+ * record   the host's buffer of QV_OUTPUT_RECORD_SIZE bytes. Its first u16 becomes the type code of the
+ *          record, 0 when the step yielded none (status 0: an item without a record; or a failure).
+ * context  as QV_StartTranslate left it. When its file is not open it is opened anew from the path that
+ *          the start kept, and read on: behind the end record, what follows the end of the data.
  *
- * QV_OK               a step was made.
- * QV_END_OF_DATA      the end of the data: the record is QvEnd, the file is closed.
- * QV_RECORD_TOO_SHORT the item ended before its last field. The record is delivered, the missing
- * bytes read as 0, and the next call goes on with the next item. (A tally item of model 442 without
- * its kind byte yields no record, and the next call meets it again.) QV_BAD_LENGTH       the item
- * is longer than 6200 bytes, or the file ended without an end of data. QV_SEEK_FAILED      the seek
- * to the item failed, or it ends above 2,147,483,647 bytes. QV_CANNOT_OPEN      the file could not
- * be opened anew. QV_NO_ARGUMENT      record or context is null; nothing was done.
+ * QV_OK                a step was made.
+ * QV_END_OF_DATA       the end of the data: the record is QvEnd, the file is closed.
+ * QV_RECORD_TOO_SHORT  the item ended before its last field. The record is delivered, the missing bytes
+ *                      read as 0, and the next call goes on with the next item. (A tally item of model
+ *                      442 without its kind byte yields no record, and the next call meets it again.)
+ * QV_BAD_LENGTH        the item is longer than 6200 bytes, or the file ended without an end of data.
+ * QV_SEEK_FAILED       the seek to the item failed, or it ends above 2,147,483,647 bytes.
+ * QV_CANNOT_OPEN       the file could not be opened anew.
+ * QV_NO_ARGUMENT       record or context is null; nothing was done.
  *
- * A step that returns QV_OK without a record need not move forward: an item 2 in a mode that has
- * none, an item 6 of models 431 and 442, or a list cut by the end of the file come again and again.
- * A host that reads files that it does not trust stops when neither the record nor the file moves
- * on; see the command-line host for one way to notice it.
+ * A step that returns QV_OK without a record need not move forward: an item 2 in a mode that has none,
+ * an item 6 of models 431 and 442, or a list cut by the end of the file come again and again. A host that
+ * reads files that it does not trust stops when neither the record nor the file moves on; see the
+ * command-line host for one way to notice it.
  */
 QV_EXPORT int32_t QV_TranslateNextRec(void* record, void* context);
 
@@ -219,8 +232,11 @@ QV_EXPORT void QV_StopTranslate(void);
  * context  zeroed, or used for another file before.
  * info     takes the lines; may be null.
  *
- * QV_OK, QV_CANNOT_OPEN, QV_NO_ARGUMENT (context is null), QV_SEEK_FAILED (no first line, or one
- * that no data file begins with), QV_NO_TEXT_HEADER (the settings form; title lines are filled in).
+ * QV_OK              the header was read.
+ * QV_CANNOT_OPEN     the file cannot be opened.
+ * QV_NO_ARGUMENT     context is null; nothing was done.
+ * QV_SEEK_FAILED     there is no first line, or one that no data file begins with.
+ * QV_NO_TEXT_HEADER  the settings form; title lines are filled in.
  */
 QV_EXPORT int32_t QV_ReadFileHeader(const char* path, void* context, QvFileHeaderInfo* info);
 
@@ -236,8 +252,11 @@ QV_EXPORT int32_t QV_ReadFileHeader(const char* path, void* context, QvFileHeade
  * Null pointers behind the context are passed over. QV_CANNOT_OPEN leaves the out-arguments
  * untouched.
  *
- * QV_OK, QV_CANNOT_OPEN, QV_NO_ARGUMENT (context is null), QV_NOT_FOUND (the file ended on the
- * way), QV_NO_TEXT_HEADER (no serial number).
+ * QV_OK              the serial number was found.
+ * QV_CANNOT_OPEN     the file cannot be opened.
+ * QV_NO_ARGUMENT     context is null; nothing was done.
+ * QV_NOT_FOUND       the file ended on the way.
+ * QV_NO_TEXT_HEADER  the serial number is empty.
  */
 QV_EXPORT int32_t QV_ReadFileSN(const char* path, void* context, uint16_t* model, char* serial,
                                 float* firmware);
@@ -249,17 +268,23 @@ QV_EXPORT int32_t QV_ReadFileSN(const char* path, void* context, uint16_t* model
  * path, context  as for QV_ReadFileSN.
  * count          takes the number; 0 with every failure but QV_NO_ARGUMENT. May be null.
  *
- * QV_OK, QV_CANNOT_OPEN, QV_NO_ARGUMENT (context is null), QV_NO_TEXT_HEADER (no such line, or a
- * number below 1).
+ * QV_OK              the number was found.
+ * QV_CANNOT_OPEN     the file cannot be opened.
+ * QV_NO_ARGUMENT     context is null; nothing was done.
+ * QV_NO_TEXT_HEADER  there is no such line, or its number is below 1.
  */
 QV_EXPORT int32_t QV_ReadSiteNum(const char* path, void* context, int16_t* count);
 
 /**
  * Seconds of a date and a time of day in text, by the host's time zone.
  *
- * date    by format: 0 and 1 "ddMmmyyyy" or "ddMmm yy"; 2 and 4 "mm/dd/yy" or "mm-dd-yyyy" with any
- *         separator; 3 "dd/mm/yy"; 5 "ddMmm", the most recent past one. A null date is an empty
- * text. time    "hh:mm:ss"; null is midnight.
+ * date    by format:
+ *           0, 1  "ddMmmyyyy" or "ddMmm yy"
+ *           2, 4  "mm/dd/yy" or "mm/dd/yyyy", with any separator
+ *           3     "dd/mm/yy" or "dd/mm/yyyy", with any separator
+ *           5     "ddMmm", the most recent past one
+ *         Years before 70 lie behind 2000. A null date is an empty text.
+ * time    "hh:mm:ss"; null is midnight.
  *
  * Returns seconds since 1970-01-01 00:00 UTC; 0 when the date cannot be converted or the format is
  * none of these. A stamp in the hour that a clock change repeats is standard time.
@@ -270,9 +295,16 @@ QV_EXPORT uint32_t TX_DateToSecs(const char* date, const char* time, int16_t for
  * The date and the time of day in text, in standard time of the host's zone also in summer.
  *
  * seconds  points to seconds since 1970-01-01 00:00 UTC; a negative value counts as 0.
- * date     takes up to 16 bytes; by format: 0 "ddMmmyyyy", 1 "ddMmm yy", 2 "mm/dd/yy", 3
- * "dd/mm/yy", 4 "mm-dd-yyyy", 5 and every other number "yyyy-mm-dd", 6 "Day, mm/dd/yyyy". time
- * takes 9 bytes, "hh:mm:ss".
+ * date     takes up to 16 bytes; by format:
+ *            0  "ddMmmyyyy"
+ *            1  "ddMmm yy"
+ *            2  "mm/dd/yy"
+ *            3  "dd/mm/yy"
+ *            4  "mm-dd-yyyy"
+ *            5  "yyyy-mm-dd", and so with every other number
+ *            6  "Day, mm/dd/yyyy"
+ * time     takes 9 bytes: "hh:mm:ss".
+ * format   see date.
  *
  * A null date or time is passed over; null seconds do nothing.
  */

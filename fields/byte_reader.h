@@ -53,8 +53,8 @@ inline u32 ReadWord() {
 // Copies count bytes of the record as they stand, 0 for those behind its end.
 void ReadRawBytes(u8* target, u32 count);
 
-// A length of two bytes, high byte first, straight from the file. At the end of the file it comes
-// out above every length that a record may have.
+// A length of two bytes, high byte first, straight from the file. A byte behind the end of the file
+// counts as -1: without its first byte the length comes out above every one that a record may have.
 inline u32 ReadLengthU16() {
   u8 bytes[2];
   std::size_t const came = ReadFileBlock(bytes, sizeof bytes);

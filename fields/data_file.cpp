@@ -71,10 +71,16 @@ bool SeekStream(i64 offset, int origin) {
   return reached;
 }
 
-// Reads the bytes behind the window into the other one. False at the end of the file.
+// Goes on behind the window in the other one, which holds the bytes there already after a step back,
+// or is filled with them. False at the end of the file.
 bool Refill() {
   if (Reading.file == nullptr) return false;
   i64 const position = Reading.limitOffset;
+  int const other = 1 - inUse;
+  if (windows[other].Holds(position)) {
+    ReadFrom(other, position);
+    return true;
+  }
   StartWindow(position);
   readFailed = Reading.seekable && streamPosition != position && !SeekStream(position, SEEK_SET);
   if (readFailed) return false;

@@ -56,7 +56,7 @@ i32 In32Bits(i64 seconds) {
 struct Stretch {
   bool known = false;
   bool whole = false;  // checked to lie in one stretch of the zone
-  bool plain = false;  // the stamp of its first second is the one that was asked for
+  bool plain = false;  // its first and last second have the stamps that were asked for
   Instant start{};
 };
 
@@ -87,6 +87,10 @@ bool InRange(const Calendar& c) {
          IsBelow(c.Day, 32) && IsBelow(c.Month, 12) && IsBelow(c.Year, 10000);
 }
 
+bool IsClockOf(const Calendar& a, const Calendar& b) {
+  return a.Hour == b.Hour && a.Minute == b.Minute && a.Second == b.Second;
+}
+
 // Takes up a stretch, and whether its first and last second lie as far apart as they should.
 void TakeUp(Stretch& stretch, Calendar first, Calendar last, i32 flag, i32 length) {
   first.DaylightFlag = last.DaylightFlag = flag;
@@ -96,7 +100,7 @@ void TakeUp(Stretch& stretch, Calendar first, Calendar last, i32 flag, i32 lengt
   const Calendar& stamp = stretch.start.stamp;
   stretch.whole = end.seconds - stretch.start.seconds == length - 1 &&
                   end.stamp.DaylightFlag == stamp.DaylightFlag;
-  stretch.plain = stamp.Hour == first.Hour && stamp.Minute == 0 && stamp.Second == 0;
+  stretch.plain = IsClockOf(stamp, first) && IsClockOf(end.stamp, last);
 }
 
 Remembered& Recall(Remembered& memory, i64 key) {

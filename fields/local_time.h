@@ -1,9 +1,9 @@
 // The host's clock and time zone: the only door to them.
 //
-// Conversions repeat for thousands of stamps of one hour, so LocalSeconds remembers hours whose
-// first and last second it has found to lie in one stretch of the zone, and adds minutes and
-// seconds. ForgetLocalTime empties that memory; each census and each start does, so that a host may
-// change its zone between files.
+// Conversions repeat for thousands of stamps of one day, so LocalSeconds remembers days whose first and
+// last second it has found to lie in one stretch of the zone, and adds hours, minutes and seconds; on
+// the days on which the clock changes it does so by the hour. ForgetLocalTime empties that memory; each
+// census and each start does, so that a host may change its zone between files.
 #pragma once
 
 #include "api/context.h"

@@ -34,6 +34,17 @@ bool TakeSign(std::string_view& text) {
   return negative;
 }
 
+bool IsHexDigit(char c) {
+  return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
+
+// "0x" with a digit behind it, or a point and a digit.
+bool OpensHexadecimal(std::string_view text) {
+  if (text.size() < 3 || text[0] != '0' || (text[1] != 'x' && text[1] != 'X')) return false;
+  if (text[2] == '.') return text.size() > 3 && IsHexDigit(text[3]);
+  return IsHexDigit(text[2]);
+}
+
 // Whether a number that no f64 holds is too large for it; else it is too small.
 bool IsHuge(std::string_view number, std::chars_format format) {
   const char* const marks = format == std::chars_format::hex ? "pP" : "eE";
@@ -82,12 +93,13 @@ f64 FloatNumber(std::string_view text) {
   bool const negative = TakeSign(text);
   if (text.empty() || text[0] == '-') return 0.0;
   auto format = std::chars_format::general;
-  if (text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X')) {
+  if (OpensHexadecimal(text)) {
     format = std::chars_format::hex;
     text.remove_prefix(2);
   }
   f64 value = 0.0;
   auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, format);
+  if (error == std::errc::invalid_argument) return 0.0;
   if (error == std::errc::result_out_of_range) {
     std::string_view const number = text.substr(0, static_cast<std::size_t>(end - text.data()));
     value = IsHuge(number, format) ? std::numeric_limits<f64>::infinity() : 0.0;

@@ -127,7 +127,8 @@ void FillHead(QvFieldHistory& record) {
 i32 DecodeStream27() {
   constexpr u8 kMarker = 128;
   TranslateContext& context = *CurrentContext;
-  auto& record = BeginRecord<QvFieldHistory>(QV_NO_RECORD);
+  ClearOutput(sizeof(QvFieldHistory));
+  auto& record = OutputAs<QvFieldHistory>();
   ReadRecordBlock(context.RecordLength);
   i32 status = 0;
   u8 const first = ReadByte(status);

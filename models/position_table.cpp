@@ -1,7 +1,7 @@
 #include "models/position_table.h"
 
-#include <cstdio>
 #include <cstring>
+#include <string_view>
 
 #include "fields/byte_reader.h"
 #include "fields/levels.h"
@@ -43,15 +43,53 @@ void DecodeRatio(f32& result) {
   result = static_cast<f32>(ReadWord() / 32512.0);
 }
 
-void StoreText(u8* field, u16 size, const char* format, int a, int b, int c) {
-  char text[16];
-  std::snprintf(text, sizeof text, format, a, b, c);
-  CopyText(reinterpret_cast<char*>(field), size, text);
+// Two digits at least, of packed decimals as they stand or of a plain number.
+char* PutPacked(char* text, u8 byte) {
+  constexpr char kDigits[] = "0123456789abcdef";
+  *text++ = kDigits[byte / 16];
+  *text++ = kDigits[byte % 16];
+  return text;
+}
+
+char* PutPlain(char* text, u8 byte) {
+  if (byte >= 100) *text++ = static_cast<char>('0' + byte / 100);
+  *text++ = static_cast<char>('0' + byte / 10 % 10);
+  *text++ = static_cast<char>('0' + byte % 10);
+  return text;
+}
+
+// Numbers with a mark between them.
+template <std::size_t Count>
+void StoreText(u8* field, u16 size, char* (*put)(char*, u8), char mark, const u8 (&bytes)[Count]) {
+  char text[4 * Count];
+  char* end = text;
+  for (u8 const byte : bytes) {
+    if (end != text) *end++ = mark;
+    end = put(end, byte);
+  }
+  CopyText(reinterpret_cast<char*>(field), size,
+           std::string_view(text, static_cast<std::size_t>(end - text)));
+}
+
+void StoreDateOrClock(const Position& position, u8* field) {
+  u8 const a = ReadByte();
+  u8 const b = ReadByte();
+  if (position.form == BodyForm::ShortClockText) {
+    return StoreText(field, position.size, PutPacked, ':', {a, b});
+  }
+  u8 const c = ReadByte();
+  switch (position.form) {
+    case BodyForm::DateText:
+      return StoreText(field, position.size, PutPacked, '/', {c, b, a});
+    case BodyForm::PlainClockText:
+      return StoreText(field, position.size, PutPlain, ':', {a, b, c});
+    default:
+      return StoreText(field, position.size, PutPacked, ':', {a, b, c});
+  }
 }
 
 void DecodePosition(const Position& position, u8* field) {
   u16 const size = position.size;
-  auto const next = [] { return int{ReadByte()}; };
   switch (position.form) {
     case BodyForm::Byte:
       return size == 1 ? Store(field, ReadByte()) : Store(field, u16{ReadByte()});
@@ -74,19 +112,7 @@ void DecodePosition(const Position& position, u8* field) {
     case BodyForm::Ratio:
       return StoreValues(field, size, DecodeRatio);
     default:
-      break;
-  }
-  int const a = next();
-  int const b = next();
-  switch (position.form) {
-    case BodyForm::DateText:
-      return StoreText(field, size, "%02x/%02x/%02x", next(), b, a);
-    case BodyForm::ClockText:
-      return StoreText(field, size, "%02x:%02x:%02x", a, b, next());
-    case BodyForm::PlainClockText:
-      return StoreText(field, size, "%02d:%02d:%02d", a, b, next());
-    default:
-      return StoreText(field, size, "%02x:%02x", a, b, 0);
+      return StoreDateOrClock(position, field);
   }
 }
 

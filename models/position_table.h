@@ -21,10 +21,10 @@ enum class BodyForm : u8 {
   Fixed24Wide,  // whole number and 1/65535 parts
   Level,
   Ratio,           // two bytes in 1/32512 parts
-  DateText,        // "%02x/%02x/%02x", the last byte first
-  ShortClockText,  // "%02x:%02x"
-  ClockText,       // "%02x:%02x:%02x"
-  PlainClockText,  // "%02d:%02d:%02d"
+  DateText,        // packed digits with slashes, the last byte first
+  ShortClockText,  // packed digits with colons, of two bytes
+  ClockText,       // of three bytes
+  PlainClockText,  // plain numbers with colons
 };
 
 // The firmware versions that have a position.

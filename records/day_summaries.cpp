@@ -4,6 +4,7 @@
 #include "fields/packed_time.h"
 #include "fields/record_time.h"
 #include "records/distribution.h"
+#include "records/firmware_rules.h"
 #include "records/records.h"
 
 namespace qvslm {
@@ -18,21 +19,10 @@ enum DayFlag : u16 {
   kPercentilesPresent = 0x0200,
 };
 
-bool FirmwareAbove1099() {
-  return static_cast<f64>(CurrentContext->FirmwareVersion) > 1.099;
-}
-
-bool HasHourTables() {
-  const TranslateContext& context = *CurrentContext;
-  if (context.Model == kDefaultModel) return context.FirmwareAbove09 == 1;
-  return context.Model < kDefaultModel && FirmwareAbove1099();
-}
-
 bool HasDistribution() {
   const TranslateContext& context = *CurrentContext;
   if (context.DistributionOn == 0) return false;
-  if (context.Model == kDefaultModel || IsModel431Or442()) return true;
-  return context.Model < kDefaultModel && FirmwareAbove1099();
+  return context.Model == kDefaultModel || IsModel431Or442() || IsOlderModelAbove1099();
 }
 
 bool HasWidePercentileNumbers() {
@@ -126,7 +116,7 @@ i32 DecodeRec3() {
   DecodeLevel(record.DayLevelF);
   DecodeLevel(record.DayLevelG);
   DecodeDuration5(record.Duration);
-  if (HasHourTables()) {
+  if (HasTablesByFirmware()) {
     DecodeAbsoluteHours(record.HourLevelsB);
     DecodeAbsoluteHours(record.HourLevelsC);
   }

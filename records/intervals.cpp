@@ -7,6 +7,7 @@
 #include "fields/packed_time.h"
 #include "fields/record_time.h"
 #include "fields/whole_number.h"
+#include "records/firmware_rules.h"
 #include "records/records.h"
 
 namespace qvslm {
@@ -30,10 +31,7 @@ bool HasFirstSpan() {
 }
 
 bool HasTable16() {
-  const TranslateContext& context = *CurrentContext;
-  if (context.DistributionOn == 0) return false;
-  if (context.Model == kDefaultModel) return context.FirmwareAbove09 == 1;
-  return context.Model<kDefaultModel&& static_cast<f64>(context.FirmwareVersion)> 1.099;
+  return CurrentContext->DistributionOn != 0 && HasTablesByFirmware();
 }
 
 void DecodeAuxiliary(f32& result, int channel) {

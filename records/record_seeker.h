@@ -11,6 +11,7 @@ namespace qvslm {
 //   QV_NOT_FOUND         the family has no first record, or the data ended before the wanted one;
 //   QV_BAD_LENGTH        the walk met an item that it cannot pass, or the end of the file;
 //   QV_TAIL_SEEK_FAILED  the seek to the cursor failed (raised);
+//   QV_RECORD_TOO_SHORT  the file ended within a stream on the way;
 //   QV_NO_TEXT_HEADER    the cursor stands behind the wanted record already.
 // After the first two the family answers QV_NOT_FOUND until a 'Q' item or its next record sets the
 // cursor anew.

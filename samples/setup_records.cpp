@@ -158,8 +158,8 @@ QvSetupLogging LoggingSetup(const Instrument& state, const BlockBytes& at, QvSet
     record.SetupWord138 = at.Word(138);
   }
   // These bytes belong to no field of the block.
-  std::memset(record.Reserved304, kUnwritten, sizeof record.Reserved304);
-  std::memset(record.Reserved313, kUnwritten, sizeof record.Reserved313);
+  std::memset(record.Unwritten304, kUnwritten, sizeof record.Unwritten304);
+  std::memset(record.Unwritten313, kUnwritten, sizeof record.Unwritten313);
   return record;
 }
 

@@ -281,7 +281,7 @@ void StoreResult(const Register& row, std::string_view value, std::string_view w
 
 void StoreVoltage(std::string_view value, const Register& r86, const Register& r87,
                   ResultsBlock& block) {
-  std::string_view const unit(TextAt(block.record, r87.offset), r87.size);
+  std::string_view const unit(TextAt(block.record, r87.offset));
   if (unit.find('E') == std::string_view::npos) return;
   FormatVoltage(FloatNumber(value), TextAt(block.record, r86.offset), r86.size);
 }

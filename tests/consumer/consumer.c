@@ -10,10 +10,12 @@ static int CountRecords(const char* path, void* context, void* record) {
   QV_GetRecordCount(path, context, &census, record);
   status = QV_StartTranslate(path, context);
   if (status == QV_OK || status == QV_NO_TEXT_HEADER) {
+    uint16_t code;
     do {
       status = QV_TranslateNextRec(record, context);
-      if (((const QvEvent*)record)->RecordType != QV_NO_RECORD) ++count;
-    } while (status >= 0 || status == QV_RECORD_TOO_SHORT);
+      code = *(const uint16_t*)record;
+      if (code != QV_NO_RECORD) ++count;
+    } while (status >= 0 || (status == QV_RECORD_TOO_SHORT && code != QV_NO_RECORD));
   }
   QV_StopTranslate();
   return status == QV_END_OF_DATA ? count : (int)status;

@@ -16,12 +16,12 @@ int main(int argc, char** argv) {
   int count = 0;
   std::int32_t status = QV_StartTranslate(path, context.data());
   if (status == QV_OK || status == QV_NO_TEXT_HEADER) {
+    std::uint16_t code = QV_NO_RECORD;
     do {
       status = QV_TranslateNextRec(record.data(), context.data());
-      std::uint16_t code;
       std::memcpy(&code, record.data(), sizeof code);
       if (code != QV_NO_RECORD) ++count;
-    } while (status >= 0 || status == QV_RECORD_TOO_SHORT);
+    } while (status >= 0 || (status == QV_RECORD_TOO_SHORT && code != QV_NO_RECORD));
   }
   QV_StopTranslate();
   std::cout << (status == QV_END_OF_DATA ? count : status) << '\n';
