@@ -87,12 +87,13 @@ bool Refill() {
   Window& window = windows[inUse];
   window.size = std::fread(window.bytes, 1, kWindowSize, Reading.file);
   ReadFrom(inUse, position);
-  if (window.size < kWindowSize && std::ferror(Reading.file) != 0) {
-    readFailed = true;
+  streamPosition = Reading.limitOffset;
+  if (window.size < kWindowSize) {
+    readFailed = std::ferror(Reading.file) != 0;
+    if (readFailed) streamPosition = kUnknown;
+    // The stream would keep saying that it has ended, also when the file grows.
     std::clearerr(Reading.file);
   }
-  // Behind the end of the file the stream keeps saying so until it is sought anew.
-  streamPosition = window.size == kWindowSize ? Reading.limitOffset : kUnknown;
   return window.size > 0;
 }
 
