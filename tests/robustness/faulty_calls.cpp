@@ -17,6 +17,7 @@ long __real_ftell(std::FILE* file);
 char* __real_fgets(char* text, int size, std::FILE* file);
 int __real_fgetc(std::FILE* file);
 int __real_ferror(std::FILE* file);
+void __real_clearerr(std::FILE* file);
 int __real_fclose(std::FILE* file);
 void* __real_malloc(std::size_t size);
 void __real_free(void* block);
@@ -146,6 +147,11 @@ int __wrap_fgetc(std::FILE* file) {
 
 int __wrap_ferror(std::FILE* file) {
   return test::unreadable.count(file) != 0 ? 1 : __real_ferror(file);
+}
+
+void __wrap_clearerr(std::FILE* file) {
+  test::unreadable.erase(file);
+  __real_clearerr(file);
 }
 
 int __wrap_fclose(std::FILE* file) {

@@ -1,5 +1,4 @@
 // Files and paths that few hosts ever meet.
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "tests/support/open_files.h"
+#include "tests/support/sparse_file.h"
 #include "tests/support/temp_file.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/translation.h"
@@ -120,6 +120,8 @@ TEST(UnusualPath, IsEmptyOrEndsInASeparator) {
   TempFolder const folder;
   std::string const file = folder.File("data", Readable());
   ExpectUnopened("");
+  Session session;
+  EXPECT_EQ(QV_ReadSiteNum("", session.Context(), nullptr), QV_CANNOT_OPEN);
   ExpectUnopened(file + '/');
   ExpectReadable(folder.Path() + "//.//data");
 }
@@ -154,31 +156,14 @@ TEST(Pipe, CannotBeCounted) {
   EXPECT_EQ(OpenFiles(), open);
 }
 
-constexpr off_t kTwoGiB = off_t{1} << 31;
+constexpr std::int64_t kTwoGiB = std::int64_t{1} << 31;
 constexpr const char* kNoRoom = "the disk holds no files of 2 GiB";
-
-// A file of more than 2 GiB that takes next to no room: bytes at its head and at its end, zeros
-// between.
-class SparseFile {
- public:
-  SparseFile(const std::string& head, const std::string& end) : file_(head) {
-    int const descriptor = open(file_.CPath(), O_WRONLY);
-    written_ = pwrite(descriptor, end.data(), end.size(), kTwoGiB + 5000) ==
-               static_cast<ssize_t>(end.size());
-    close(descriptor);
-  }
-  bool Written() const { return written_; }
-  const std::string& Path() const { return file_.Path(); }
-
- private:
-  TempFile file_;
-  bool written_ = false;
-};
 
 // The data may end long before the file does, and the start looks for the last stop at the end.
 TEST(SparseFile, IsReadUpToTheEndOfItsData) {
   DataFile const head = General().Q(157, "3").Item(7, Body().Fill(4)).Item(5, Mark()).EndOfData();
-  SparseFile const file(head.Bytes(), std::string(2600, '\n') + "R   6,21Jun2024,13:00:00\r\n");
+  SparseFile const file(head.Bytes(), kTwoGiB + 5000,
+                        std::string(2600, '\n') + "R   6,21Jun2024,13:00:00\r\n");
   if (!file.Written()) GTEST_SKIP() << kNoRoom;
   ExpectReadable(file.Path());
   Translation const run(file.Path(), {.census = true});
@@ -191,7 +176,7 @@ TEST(SparseFile, IsReadUpToTheEndOfItsData) {
 // Lines are looked for up to the end of the file. One that ends above 2,147,483,647 bytes cannot be
 // taken.
 TEST(SparseFile, HoldsALineBeyondTheHighestOffset) {
-  SparseFile const file(Model431("OBA ").R(7, "01:00:00").Bytes(),
+  SparseFile const file(Model431("OBA ").R(7, "01:00:00").Bytes(), kTwoGiB,
                         DataFile().Raw("\n").R(7, "02:00:00").EndOfData().Bytes());
   if (!file.Written()) GTEST_SKIP() << kNoRoom;
   long const open = OpenFiles();
@@ -204,7 +189,8 @@ TEST(SparseFile, HoldsALineBeyondTheHighestOffset) {
 }
 
 TEST(SparseFile, HoldsItsSitesAtTheEnd) {
-  SparseFile const file(General().EndOfData().Bytes(), DataFile().Raw("\n").Q(157, "7").Bytes());
+  SparseFile const file(General().EndOfData().Bytes(), kTwoGiB,
+                        DataFile().Raw("\n").Q(157, "7").Bytes());
   if (!file.Written()) GTEST_SKIP() << kNoRoom;
   Session session;
   std::int16_t sites = 0;
