@@ -104,7 +104,7 @@ void ListCensus(Output& output, const QvRecordCensus& census) {
     line.insert(0, countWidth - line.size(), ' ');
     std::string name(field.name);
     name.resize(std::max(name.size(), nameWidth), ' ');
-    output.Line(line + "  " + name + "  " + std::string(field.comment));
+    output.Line(line.append("  ").append(name).append("  ").append(field.comment));
   }
 }
 

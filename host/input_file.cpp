@@ -61,8 +61,8 @@ void RemoveCopyAndEnd(int signal) {
 
 void RemoveCopyOnSignals(const std::string& path, const std::string& folder) {
   if (path.size() >= spooledPath.size()) return;
-  std::strcpy(spooledPath.data(), path.c_str());
-  std::strcpy(spooledFolder.data(), folder.c_str());
+  spooledPath[path.copy(spooledPath.data(), spooledPath.size() - 1)] = '\0';
+  spooledFolder[folder.copy(spooledFolder.data(), spooledFolder.size() - 1)] = '\0';
   for (int const signal : {SIGINT, SIGTERM, SIGHUP}) {
     // What whoever started the program wants ignored stays ignored.
     if (std::signal(signal, RemoveCopyAndEnd) == SIG_IGN) std::signal(signal, SIG_IGN);

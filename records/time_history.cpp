@@ -93,7 +93,7 @@ class StreamCall {
   // The samples ahead, one form at a time. What is no sample above 0 is left to Read and Collect.
   template <bool kTwoBytes, bool kSecondLevels>
   void TakeRun() {
-    constexpr std::ptrdiff_t kBytes = (kTwoBytes ? 2 : 1) * (kSecondLevels ? 2 : 1);
+    constexpr std::ptrdiff_t kBytes = std::ptrdiff_t{kTwoBytes ? 2 : 1} * (kSecondLevels ? 2 : 1);
     StreamLevels const levels = levels_;
     const u8* next = next_;
     i32 pending = pending_;
