@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <string>
 
 #include "fields/number_text.h"
 #include "fields/whole_number.h"
@@ -34,13 +35,10 @@ TEST(FloatNumber, HexadecimalForms) {
     const char* text;
     double number;
   } constexpr kRows[] = {
-      {"0x10", 16.0},  {"0X1F", 31.0},
-      {"-0xa", -10.0}, {"0x1p4", 16.0},
-      {"0x1P-1", 0.5}, {"0x.8", 0.5},
-      {"0x1.8", 1.5},  {"0x1p", 1.0},
-      {"0xg", 0.0},    {"0x.", 0.0},
-      {"0x.g", 0.0},   {"0x-1", 0.0},
-      {"00x10", 0.0},  {"0xffdB", 0xffd * 16.0 + 0xB},
+      {"0x10", 16.0},  {"0X1F", 31.0}, {"-0xa", -10.0}, {"0x1p4", 16.0},
+      {"0x1P-1", 0.5}, {"0x.8", 0.5},  {"0x1.8", 1.5},  {"0x1p", 1.0},
+      {"0xg", 0.0},    {"0xG", 0.0},   {"0x@", 0.0},    {"0x.", 0.0},
+      {"0x.g", 0.0},   {"0x-1", 0.0},  {"00x10", 0.0},  {"0xffdB", 0xffd * 16.0 + 0xB},
   };
   for (const auto& row : kRows) EXPECT_EQ(FloatNumber(row.text), row.number) << row.text;
 }
