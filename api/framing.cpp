@@ -8,10 +8,8 @@
 namespace qvslm {
 
 i32 ReadFramedBody() {
-  TranslateContext& context = *CurrentContext;
-  context.RecordLength = ReadLengthU16();
-  if (context.RecordLength > kLongestRecord) return QV_BAD_LENGTH;
-  ReadRecordBlock(context.RecordLength);
+  ReadItem();
+  if (CurrentContext->RecordLength > kLongestRecord) return QV_BAD_LENGTH;
   if (FilePosition() > std::numeric_limits<i32>::max()) return FailWith(QV_SEEK_FAILED);
   return QV_OK;
 }

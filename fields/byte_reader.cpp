@@ -43,4 +43,21 @@ std::size_t ReadRecordBlock(u32 count) {
   return came;
 }
 
+void ReadItem() {
+  TranslateContext& context = *CurrentContext;
+  if (const u8* const head = BytesAhead(2)) {
+    u32 const length = head[0] * 256U + head[1];
+    if (length <= kLongestRecord && BytesAhead(2 + length) != nullptr) {
+      std::memcpy(context.RecordBuffer, head + 2, length);
+      PassBytes(2 + length);
+      context.RecordLength = length;
+      context.BytesRead = length > 0;
+      context.RecordPos = 0;
+      return;
+    }
+  }
+  context.RecordLength = ReadLengthU16();
+  if (context.RecordLength <= kLongestRecord) ReadRecordBlock(context.RecordLength);
+}
+
 }  // namespace qvslm

@@ -67,4 +67,8 @@ inline u32 ReadLengthU16() {
 // record begin there. Returns how many came.
 std::size_t ReadRecordBlock(u32 count);
 
+// Reads length and body of an item to RecordLength and RecordBuffer. A length above kLongestRecord is
+// left at that, without a body.
+void ReadItem();
+
 }  // namespace qvslm

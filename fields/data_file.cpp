@@ -11,11 +11,13 @@ ReadingPlace Reading{};
 namespace {
 
 constexpr std::size_t kWindowSize = 32768;
+constexpr int kWindows = 4;  // for the walk, and the cursors of the three families that own bands
 constexpr i64 kUnknown = -1;
 
 struct Window {
   i64 start = 0;
   std::size_t size = 0;
+  u64 lastUse = 0;
   u8 bytes[kWindowSize];
 
   bool Holds(i64 offset) const {
@@ -23,26 +25,41 @@ struct Window {
   }
 };
 
-Window windows[2];
-int inUse = 0;                  // the window that is read from
+Window windows[kWindows];
+int inUse = 0;  // the window that is read from
+u64 uses = 0;
 i64 streamPosition = kUnknown;  // where the C stream stands
 bool readFailed = false;        // the last refill came short by a fault, not by the end of the file
 
 // Reads on in a window, from an offset within its bytes or right behind them.
 void ReadFrom(int at, i64 offset) {
-  const Window& window = windows[at];
+  Window& window = windows[at];
+  window.lastUse = ++uses;
   inUse = at;
   Reading.next = window.bytes + (offset - window.start);
   Reading.limit = window.bytes + window.size;
   Reading.limitOffset = window.start + static_cast<i64>(window.size);
 }
 
-// Empties the window that is not in use, and reads on at the offset from there.
+// Reads on in a window that holds the offset, if there is one.
+bool ReadFromHolder(i64 offset) {
+  for (int at = 0; at < kWindows; ++at) {
+    if (!windows[at].Holds(offset)) continue;
+    ReadFrom(at, offset);
+    return true;
+  }
+  return false;
+}
+
+// Empties the window that was used the longest time ago, and reads on at the offset from there.
 void StartWindow(i64 offset) {
-  int const other = 1 - inUse;
-  windows[other].start = offset;
-  windows[other].size = 0;
-  ReadFrom(other, offset);
+  int oldest = inUse == 0 ? 1 : 0;
+  for (int at = 0; at < kWindows; ++at) {
+    if (at != inUse && windows[at].lastUse < windows[oldest].lastUse) oldest = at;
+  }
+  windows[oldest].start = offset;
+  windows[oldest].size = 0;
+  ReadFrom(oldest, offset);
 }
 
 void ForgetWindows(std::FILE* file) {
@@ -71,16 +88,12 @@ bool SeekStream(i64 offset, int origin) {
   return reached;
 }
 
-// Goes on behind the window in the other one, which holds the bytes there already after a step back,
-// or is filled with them. False at the end of the file.
+// Goes on behind the window, in one that holds the bytes there already, as after a step back, or in one
+// that is filled with them. False at the end of the file.
 bool Refill() {
   if (Reading.file == nullptr) return false;
   i64 const position = Reading.limitOffset;
-  int const other = 1 - inUse;
-  if (windows[other].Holds(position)) {
-    ReadFrom(other, position);
-    return true;
-  }
+  if (ReadFromHolder(position)) return true;
   StartWindow(position);
   readFailed = Reading.seekable && streamPosition != position && !SeekStream(position, SEEK_SET);
   if (readFailed) return false;
@@ -123,19 +136,17 @@ i64 TakeUpPosition() {
 i32 SeekElsewhere(i64 offset) {
   UseFile();
   if (!Reading.seekable || offset < 0) return -1;
-  for (int at = 0; at < 2; ++at) {
-    if (!windows[at].Holds(offset)) continue;
-    ReadFrom(at, offset);
-    return 0;
-  }
+  if (ReadFromHolder(offset)) return 0;
   if (!SeekStream(offset, SEEK_SET)) return -1;
   streamPosition = offset;
   StartWindow(offset);
   return 0;
 }
 
+// The walk that follows a look at the end begins with a seek of its own, not with one within a step.
 i32 SeekFromEnd(i64 distance) {
   UseFile();
+  for (Window& window : windows) window.size = 0;
   if (!Reading.seekable || !SeekStream(distance, SEEK_END)) return -1;
   streamPosition = std::ftell(Reading.file);
   if (streamPosition < 0) return -1;

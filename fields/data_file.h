@@ -1,6 +1,6 @@
 // The data file: the only door to the C stream functions.
 //
-// The open file stands in CurrentContext->File. Behind it are two windows of the file's bytes, so
+// The open file stands in CurrentContext->File. Behind it are a few windows of the file's bytes, so
 // that reading on, stepping back a byte, and going to and fro between the walk and a seeker's
 // cursor cost no system call. The windows are a memory of the file named last: opening, closing, or
 // naming another file empties them, and nothing but speed is lost.
@@ -50,15 +50,24 @@ inline i32 SeekDataFile(i64 offset) {
 }
 i32 SeekFromEnd(i64 distance);
 
+// The bytes ahead, where the window holds as many, else null. PassBytes goes behind them.
+inline const u8* BytesAhead(std::size_t count) {
+  bool const ahead = IsReading(CurrentContext->File) &&
+                     count <= static_cast<std::size_t>(Reading.limit - Reading.next);
+  return ahead ? Reading.next : nullptr;
+}
+inline void PassBytes(std::size_t count) {
+  Reading.next += count;
+}
+
 // Reads up to count bytes and returns how many came.
 std::size_t ReadAcrossWindows(void* target, std::size_t count);
 inline std::size_t ReadFileBlock(void* target, std::size_t count) {
-  bool const ahead = IsReading(CurrentContext->File) &&
-                     count <= static_cast<std::size_t>(Reading.limit - Reading.next);
-  if (!ahead) [[unlikely]]
+  const u8* const bytes = BytesAhead(count);
+  if (bytes == nullptr) [[unlikely]]
     return ReadAcrossWindows(target, count);
-  std::memcpy(target, Reading.next, count);
-  Reading.next += count;
+  std::memcpy(target, bytes, count);
+  PassBytes(count);
   return count;
 }
 

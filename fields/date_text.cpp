@@ -88,12 +88,14 @@ u32 DateToSecs(std::string_view date, std::string_view time, i16 format) {
   calendar.Hour = NumberAt(time, 0);
   calendar.Minute = NumberAt(time, 3);
   calendar.Second = NumberAt(time, 6);
-  i32 const seconds = LocalSecondsAnew(calendar);
+  i32 const seconds = LocalSeconds(calendar);
   return seconds < 0 ? 0 : static_cast<u32>(seconds);
 }
 
 }  // namespace qvslm
 
 std::uint32_t TX_DateToSecs(const char* date, const char* time, std::int16_t format) {
+  // A host may have changed its zone since the last file.
+  qvslm::ForgetLocalTime();
   return qvslm::DateToSecs(date == nullptr ? "" : date, time == nullptr ? "" : time, format);
 }

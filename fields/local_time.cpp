@@ -158,6 +158,12 @@ Place FindPlace(Remembered& day, const Calendar& calendar, i32 flag) {
   return {};
 }
 
+i32 ConvertAnew(Calendar& calendar) {
+  Instant const instant = Resolve(calendar);
+  calendar = instant.stamp;
+  return In32Bits(instant.seconds);
+}
+
 i32 KnownFlag(i32 flag) {
   return flag < 0 ? -1 : flag > 0 ? 1 : 0;
 }
@@ -165,7 +171,7 @@ i32 KnownFlag(i32 flag) {
 i32 SecondsAnew(const Calendar& calendar, i32 flag) {
   Calendar copy = calendar;
   copy.DaylightFlag = flag;
-  return LocalSecondsAnew(copy);
+  return ConvertAnew(copy);
 }
 
 i32 SecondsOnDay(Remembered& day, const Calendar& calendar, i32 flag) {
@@ -188,21 +194,15 @@ TwoReadings LocalSecondsByTwoFlags(const Calendar& calendar, i32 first, i32 seco
 }
 
 i32 LocalSeconds(Calendar& calendar) {
-  if (!InRange(calendar)) return LocalSecondsAnew(calendar);
+  if (!InRange(calendar)) return ConvertAnew(calendar);
   Place const place = FindPlace(RecallDay(calendar), calendar, KnownFlag(calendar.DaylightFlag));
-  if (place.stretch == nullptr || !place.stretch->plain) return LocalSecondsAnew(calendar);
+  if (place.stretch == nullptr || !place.stretch->plain) return ConvertAnew(calendar);
   Calendar const stamp = calendar;
   calendar = place.stretch->start.stamp;
   calendar.Hour = stamp.Hour;
   calendar.Minute = stamp.Minute;
   calendar.Second = stamp.Second;
   return In32Bits(place.stretch->start.seconds + place.offset);
-}
-
-i32 LocalSecondsAnew(Calendar& calendar) {
-  Instant const instant = Resolve(calendar);
-  calendar = instant.stamp;
-  return In32Bits(instant.seconds);
 }
 
 Calendar LocalCalendar(i64 seconds) {

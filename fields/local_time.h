@@ -2,8 +2,9 @@
 //
 // Conversions repeat for thousands of stamps of one day, so LocalSeconds remembers days whose first and
 // last second it has found to lie in one stretch of the zone, and adds hours, minutes and seconds; on
-// the days on which the clock changes it does so by the hour. ForgetLocalTime empties that memory; each
-// census and each start does, so that a host may change its zone between files.
+// the days on which the clock changes it does so by the hour. ForgetLocalTime empties that memory. The
+// census, the start, the header reader and TX_DateToSecs do so first, so that a host may change its
+// zone between files.
 #pragma once
 
 #include "api/context.h"
@@ -45,9 +46,6 @@ struct TwoReadings {
   i32 second;
 };
 TwoReadings LocalSecondsByTwoFlags(const Calendar& calendar, i32 first, i32 second);
-
-// LocalSeconds without the memory, for stamps outside a file.
-i32 LocalSecondsAnew(Calendar& calendar);
 
 // The local stamp of seconds since 1970.
 Calendar LocalCalendar(i64 seconds);

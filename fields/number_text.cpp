@@ -61,23 +61,23 @@ bool IsHuge(std::string_view number, std::chars_format format) {
 }  // namespace
 
 i64 LongNumber(std::string_view text) {
+  constexpr u64 kMost = std::numeric_limits<i64>::max();
   text = BehindWhiteSpace(text);
   bool const negative = TakeSign(text);
-  std::size_t digits = 0;
-  while (digits < text.size() && IsDigit(text[digits])) ++digits;
-  if (digits == 0) return 0;
-  // One digit of sign for from_chars, which reads the lowest number whole.
-  char number[24] = "-";
-  std::size_t const leading = std::min(text.find_first_not_of('0'), digits);
-  std::size_t const count = digits - leading;
-  if (count <= 19) {
-    std::memcpy(number + 1, text.data() + leading, count);
-    i64 value = 0;
-    const char* const start = negative ? number : number + 1;
-    auto const [end, error] = std::from_chars(start, number + 1 + count, value);
-    if (error != std::errc::result_out_of_range) return value;
+  u64 const limit = negative ? kMost + 1 : kMost;
+  u64 number = 0;
+  for (char const c : text) {
+    if (!IsDigit(c)) break;
+    auto const digit = static_cast<u64>(c - '0');
+    bool const fits =
+        number < kMost / 10 || (number == kMost / 10 && digit <= limit - kMost / 10 * 10);
+    if (!fits) {
+      number = limit;
+      break;
+    }
+    number = number * 10 + digit;
   }
-  return negative ? std::numeric_limits<i64>::min() : std::numeric_limits<i64>::max();
+  return static_cast<i64>(negative ? 0 - number : number);
 }
 
 i32 WholeNumber(std::string_view text) {

@@ -7,6 +7,7 @@
 
 #include "fields/data_file.h"
 #include "fields/date_text.h"
+#include "fields/local_time.h"
 #include "fields/number_text.h"
 #include "fields/whole_number.h"
 
@@ -156,6 +157,7 @@ std::int32_t QV_ReadFileHeader(const char* path, void* context, QvFileHeaderInfo
   using namespace qvslm;
   if (context == nullptr) return QV_NO_ARGUMENT;
   CurrentContext = static_cast<TranslateContext*>(context);
+  ForgetLocalTime();
   if (!OpenDataFile(path)) return FailWith(QV_CANNOT_OPEN);
   i32 const status = ReadTextHeader(info);
   CloseDataFile();

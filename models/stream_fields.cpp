@@ -15,10 +15,10 @@ struct Pair {
 };
 
 Pair ReadPair() {
-  i32 status = 0;
-  u32 const hi = ReadByte(status);
-  u32 const lo = CurrentContext->WholeDbStream == 0 ? ReadByte(status) : u8{0};
-  return {hi, lo, status};
+  TranslateContext& context = *CurrentContext;
+  bool const twoBytes = context.WholeDbStream == 0;
+  const u8* const bytes = TakeBytes(twoBytes ? 2 : 1);
+  return {bytes[0], twoBytes ? bytes[1] : 0U, context.ErrorCode};
 }
 
 }  // namespace
@@ -26,11 +26,8 @@ Pair ReadPair() {
 i32 DecodeStreamField(f32& result) {
   const TranslateContext& context = *CurrentContext;
   auto const [hi, lo, status] = ReadPair();
-  result = Stored(hi + lo / 256.0);
-  if (hi + lo > 0) {
-    f64 const offset = context.WholeDbStream != 0 ? WholeLevelOffset() : context.LevelOffset;
-    result = Stored(result + offset);
-  }
+  f64 const offset = context.WholeDbStream != 0 ? WholeLevelOffset() : context.LevelOffset;
+  result = hi + lo == 0 ? 0.0F : Stored(Parts256(hi * 256 + lo) + offset);
   return status;
 }
 

@@ -63,11 +63,9 @@ bool IsWalkable(u32 type) {
 
 // Length and body of a framed item; its length, or QV_BAD_LENGTH.
 i32 ReadBody() {
-  TranslateContext& context = *CurrentContext;
-  context.RecordLength = ReadLengthU16();
-  if (context.RecordLength > kLongestRecord) return QV_BAD_LENGTH;
-  ReadRecordBlock(context.RecordLength);
-  return static_cast<i32>(context.RecordLength);
+  ReadItem();
+  u32 const length = CurrentContext->RecordLength;
+  return length > kLongestRecord ? i32{QV_BAD_LENGTH} : static_cast<i32>(length);
 }
 
 i32 PassStream() {

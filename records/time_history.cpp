@@ -69,7 +69,7 @@ class StreamCall {
       Read(entry);
       status = status_;
       if (entry.lastByte == 0 || status_ < 0) return false;
-      if (Collect(entry)) return true;
+      if (CollectMarker(entry) || pending_ >= kEntriesPerRecord) return true;
     }
   }
 
@@ -90,7 +90,7 @@ class StreamCall {
     }
   }
 
-  // The samples ahead, one form at a time. What is no sample above 0 is left to Read and Collect.
+  // The samples ahead, one form at a time. What is no sample above 0 is left to Read.
   template <bool kTwoBytes, bool kSecondLevels>
   void TakeRun() {
     constexpr std::ptrdiff_t kBytes = std::ptrdiff_t{kTwoBytes ? 2 : 1} * (kSecondLevels ? 2 : 1);
@@ -152,19 +152,8 @@ class StreamCall {
     if (status_ >= 0) entry.second = levels_.Second(hi2, lo2);
   }
 
-  // Puts an entry into the record; true when that completes it. A level at or below 0 counts as a
-  // marker, whatever it was.
-  bool Collect(const Entry& entry) {
-    if (entry.first > 0) {
-      record_.FirstLevels[pending_] = entry.first;
-      record_.SecondLevels[pending_] = entry.second;
-      time_ += period_;
-      return ++pending_ >= kEntriesPerRecord;
-    }
-    return CollectMarker(entry) || pending_ >= kEntriesPerRecord;
-  }
-
-  // A run marker sets the time to that of the event it answers to, and completes the record.
+  // Puts a marker into the record, and a sample at or below 0, which counts as one. A run marker sets the
+  // time to that of the event it answers to, and completes the record.
   bool CollectMarker(const Entry& entry) {
     TranslateContext& context = *CurrentContext;
     i32 const code = MarkerCode(entry.first);

@@ -138,7 +138,6 @@ void TakeNumber(i32 number, i32 whole, QBlock& block) {
   TranslateContext& context = *CurrentContext;
   u16 const low = LowBits<u16>(whole);
   bool const newer = context.FirmwareAbove09 == 1;
-  bool const model442 = context.Model == kModel442;
   switch (number) {
     case 46:
       context.SetupKeptB = low;
@@ -214,12 +213,11 @@ void TakeNumber(i32 number, i32 whole, QBlock& block) {
       context.EndRecord.SiteNumber = low;
       break;
     case 162:
-      if (model442) break;
       context.LevelInRecordOn = whole == 2 ? 1 : 0;
       if (whole == 1) context.TimeIsEnd = 1;
       break;
     case 163:
-      if (!model442 && whole == 1) context.TimeIsEnd = 1;
+      if (whole == 1) context.TimeIsEnd = 1;
       break;
     case 206:
       (newer ? context.SettingQ206 : context.DistributionOn) = low;

@@ -206,7 +206,7 @@ TEST(FailingSeek, OfAStep) {
 // A band record whose owner cannot be sought has the present time, and is no failure.
 TEST(FailingSeek, OfTheOwnerOfABandRecord) {
   TempFile const file("");
-  samples::WriteFamilyFile(file.Path(), samples::Family::kBandsFar, 600);
+  samples::WriteFamilyFile(file.Path(), samples::Family::kBandsFar, 8000);
   ArmFault();
   WatchedHost undisturbed(file.Path());
   std::vector<Outcome> const expected = undisturbed.Translate();
