@@ -33,6 +33,19 @@ i32 Walk() {
   return framed < 0 ? framed : KeepFilePosition();
 }
 
+// Passes a framed item and those of its type that follow it, and counts them in the context and in the
+// census.
+i32 WalkFamily(u32 type, u32& countInContext, u32& countInCensus) {
+  ++countInContext;
+  ++countInCensus;
+  i32 const status = Walk();
+  if (status < 0) return status;
+  u32 const more = PassItemsAhead(static_cast<u8>(type));
+  countInContext += more;
+  countInCensus += more;
+  return KeepFilePosition();
+}
+
 void CountItem2(QvRecordCensus& census) {
   const TranslateContext& context = *CurrentContext;
   i16 const mode = context.Mode;
@@ -233,9 +246,8 @@ i32 CountOneItem(u32 type, QvRecordCensus& census) {
     case kEndOfData:
       return EndCount();
     case 1:
-      ++context.Count1;
-      ++(context.Mode == 4 ? census.BandIntervals : census.Intervals);
-      return Walk();
+      return WalkFamily(type, context.Count1,
+                        context.Mode == 4 ? census.BandIntervals : census.Intervals);
     case 2: {
       ++context.Count2;
       i32 const framed = ReadFramedBody();
@@ -244,15 +256,11 @@ i32 CountOneItem(u32 type, QvRecordCensus& census) {
       return KeepFilePosition();
     }
     case 3:
-      ++context.Count3;
-      ++census.DaySummaries;
-      return Walk();
+      return WalkFamily(type, context.Count3, census.DaySummaries);
     case 4:
       return CountEvent(census);
     case 5:
-      ++context.Count5;
-      ++census.LevelMarks;
-      return Walk();
+      return WalkFamily(type, context.Count5, census.LevelMarks);
     case 6:
       // No walk gets past this item of models 431 and 442; their files do not hold it.
       return IsModel431Or442() ? i32{QV_BAD_LENGTH} : CountStream(census);

@@ -48,8 +48,8 @@ void ReadItem() {
   if (const u8* const head = BytesAhead(2)) {
     u32 const length = head[0] * 256U + head[1];
     if (length <= kLongestRecord && BytesAhead(2 + length) != nullptr) {
-      std::memcpy(context.RecordBuffer, head + 2, length);
-      PassBytes(2 + length);
+      PassBytes(2);
+      TakeBytesAhead(context.RecordBuffer, length);
       context.RecordLength = length;
       context.BytesRead = length > 0;
       context.RecordPos = 0;
@@ -58,6 +58,30 @@ void ReadItem() {
   }
   context.RecordLength = ReadLengthU16();
   if (context.RecordLength <= kLongestRecord) ReadRecordBlock(context.RecordLength);
+}
+
+u32 PassItemsAhead(u8 type) {
+  constexpr u32 kHead = 3;
+  TranslateContext& context = *CurrentContext;
+  const u8* next = BytesAhead(kHead);
+  if (next == nullptr || Reading.limitOffset > std::numeric_limits<i32>::max()) return 0;
+  const u8* const limit = Reading.limit;
+  const u8* body = next;
+  u32 length = 0;
+  u32 passed = 0;
+  while (limit - next >= kHead && next[0] == type) {
+    u32 const coming = next[1] * 256U + next[2];
+    if (coming > kLongestRecord || limit - next < static_cast<i64>(kHead + coming)) break;
+    // A body that the next one covers need not be read.
+    if (coming < length) std::memcpy(context.RecordBuffer, body, length);
+    body = next + kHead;
+    length = coming;
+    next = body + length;
+    ++passed;
+  }
+  std::memcpy(context.RecordBuffer, body, length);
+  Reading.next = next;
+  return passed;
 }
 
 }  // namespace qvslm

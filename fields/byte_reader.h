@@ -71,4 +71,8 @@ std::size_t ReadRecordBlock(u32 count);
 // left at that, without a body.
 void ReadItem();
 
+// Passes the items of one type byte that the window holds whole, one behind the other. Returns how
+// many; RecordBuffer is as if each had been read.
+u32 PassItemsAhead(u8 type);
+
 }  // namespace qvslm

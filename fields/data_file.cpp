@@ -154,6 +154,11 @@ i32 SeekFromEnd(i64 distance) {
   return 0;
 }
 
+void TakeBytesAhead(void* target, std::size_t count) {
+  std::memcpy(target, Reading.next, count);
+  PassBytes(count);
+}
+
 std::size_t ReadAcrossWindows(void* target, std::size_t count) {
   UseFile();
   auto* out = static_cast<u8*>(target);

@@ -60,6 +60,10 @@ inline void PassBytes(std::size_t count) {
   Reading.next += count;
 }
 
+// Takes bytes that BytesAhead has found. A call of its own: where compilers know a bound of the
+// count they put a slower copy in place.
+void TakeBytesAhead(void* target, std::size_t count);
+
 // Reads up to count bytes and returns how many came.
 std::size_t ReadAcrossWindows(void* target, std::size_t count);
 inline std::size_t ReadFileBlock(void* target, std::size_t count) {
