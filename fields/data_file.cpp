@@ -51,30 +51,15 @@ bool ReadFromHolder(i64 offset) {
   return false;
 }
 
-// The window that was used the longest time ago, of those that are not in use.
-int OldestWindow() {
+// Empties the window that was used the longest time ago, and reads on at the offset from there.
+void StartWindow(i64 offset) {
   int oldest = inUse == 0 ? 1 : 0;
   for (int at = 0; at < kWindows; ++at) {
     if (at != inUse && windows[at].lastUse < windows[oldest].lastUse) oldest = at;
   }
-  return oldest;
-}
-
-// The window to read on in: that of the bytes before those in use, so that a walk goes through two
-// windows and leaves the others to the cursors.
-int NextWindow() {
-  for (int at = 0; at < kWindows; ++at) {
-    i64 const end = windows[at].start + static_cast<i64>(windows[at].size);
-    if (at != inUse && end == windows[inUse].start) return at;
-  }
-  return OldestWindow();
-}
-
-// Empties a window, and reads on at the offset from there.
-void StartWindow(int at, i64 offset) {
-  windows[at].start = offset;
-  windows[at].size = 0;
-  ReadFrom(at, offset);
+  windows[oldest].start = offset;
+  windows[oldest].size = 0;
+  ReadFrom(oldest, offset);
 }
 
 void ForgetWindows(std::FILE* file) {
@@ -82,7 +67,7 @@ void ForgetWindows(std::FILE* file) {
   streamPosition = kUnknown;
   Reading.file = file;
   Reading.seekable = false;
-  StartWindow(OldestWindow(), 0);
+  StartWindow(0);
 }
 
 // Makes the windows those of the file in hand.
@@ -93,7 +78,7 @@ void UseFile() {
   if (file == nullptr) return;
   streamPosition = std::ftell(file);
   Reading.seekable = streamPosition >= 0 && std::fseek(file, 0, SEEK_CUR) == 0;
-  StartWindow(OldestWindow(), std::max<i64>(streamPosition, 0));
+  StartWindow(std::max<i64>(streamPosition, 0));
 }
 
 bool SeekStream(i64 offset, int origin) {
@@ -109,7 +94,7 @@ bool Refill() {
   if (Reading.file == nullptr) return false;
   i64 const position = Reading.limitOffset;
   if (ReadFromHolder(position)) return true;
-  StartWindow(NextWindow(), position);
+  StartWindow(position);
   readFailed = Reading.seekable && streamPosition != position && !SeekStream(position, SEEK_SET);
   if (readFailed) return false;
   Window& window = windows[inUse];
@@ -154,7 +139,7 @@ i32 SeekElsewhere(i64 offset) {
   if (ReadFromHolder(offset)) return 0;
   if (!SeekStream(offset, SEEK_SET)) return -1;
   streamPosition = offset;
-  StartWindow(OldestWindow(), offset);
+  StartWindow(offset);
   return 0;
 }
 
@@ -165,7 +150,7 @@ i32 SeekFromEnd(i64 distance) {
   if (!Reading.seekable || !SeekStream(distance, SEEK_END)) return -1;
   streamPosition = std::ftell(Reading.file);
   if (streamPosition < 0) return -1;
-  StartWindow(OldestWindow(), streamPosition);
+  StartWindow(streamPosition);
   return 0;
 }
 
