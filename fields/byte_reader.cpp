@@ -71,7 +71,7 @@ u32 PassItemsAhead(u8 type) {
   u32 passed = 0;
   while (limit - next >= kHead && next[0] == type) {
     u32 const coming = next[1] * 256U + next[2];
-    if (coming > kLongestRecord || limit - next < static_cast<i64>(kHead + coming)) break;
+    if (coming > kLongestRecord || limit - next < i64{kHead} + coming) break;
     // A body that the next one covers need not be read.
     if (coming < length) std::memcpy(context.RecordBuffer, body, length);
     body = next + kHead;
