@@ -61,25 +61,42 @@ void ReadItem() {
 }
 
 u32 PassItemsAhead(u8 type) {
-  constexpr u32 kHead = 3;
-  TranslateContext& context = *CurrentContext;
+  constexpr i64 kHead = 3;
+  constexpr u32 kAlike = 4;
   const u8* next = BytesAhead(kHead);
   if (next == nullptr || Reading.limitOffset > std::numeric_limits<i32>::max()) return 0;
   const u8* const limit = Reading.limit;
-  const u8* body = next;
+  const u8* longest = next;  // the last one of the longest items
+  u32 longestLength = 0;
   u32 length = 0;
+  u32 alike = 0;  // items of one length
   u32 passed = 0;
   while (limit - next >= kHead && next[0] == type) {
     u32 const coming = next[1] * 256U + next[2];
-    if (coming > kLongestRecord || limit - next < i64{kHead} + coming) break;
-    // A body that the next one covers need not be read.
-    if (coming < length) std::memcpy(context.RecordBuffer, body, length);
-    body = next + kHead;
+    if (coming > kLongestRecord || limit - next < kHead + coming) break;
+    alike = coming == length ? alike + 1 : 0;
     length = coming;
-    next = body + length;
+    const u8* item = next;
+    next += kHead + length;
     ++passed;
+    // Where a length is expected, and not read, the next step need not wait for it.
+    while (alike >= kAlike && limit - next >= kHead + length && next[0] == type &&
+           next[1] * 256U + next[2] == length) {
+      item = next;
+      next += kHead + length;
+      ++passed;
+    }
+    if (length >= longestLength) {
+      longestLength = length;
+      longest = item;
+    }
   }
-  std::memcpy(context.RecordBuffer, body, length);
+  // The longest body covers those before it.
+  for (const u8* item = longest; item < next;) {
+    u32 const size = item[1] * 256U + item[2];
+    std::memcpy(CurrentContext->RecordBuffer, item + kHead, size);
+    item += kHead + size;
+  }
   Reading.next = next;
   return passed;
 }

@@ -156,4 +156,66 @@ TEST_F(BlockReader, LengthCutByTheEndOfTheFile) {
   EXPECT_EQ(qvslm::ReadLengthU16(), 255U);
 }
 
+class ItemsAhead : public BlockReader {
+ protected:
+  // Passes the items ahead and returns the first bytes of what RecordBuffer holds then.
+  std::string Pass(const std::string& items, qvslm::u32 expected) {
+    Open("x" + items, 1);
+    EXPECT_EQ(qvslm::BytesAhead(1) == nullptr, items.empty());
+    EXPECT_EQ(qvslm::PassItemsAhead(7), expected);
+    return {context_.RecordBuffer, context_.RecordBuffer + 6};
+  }
+
+  static std::string Item(int type, std::size_t length, char filling) {
+    return std::string{static_cast<char>(type), 0, static_cast<char>(length)} +
+           std::string(length, filling);
+  }
+};
+
+TEST_F(ItemsAhead, OfOneLength) {
+  std::string items;
+  for (int index = 0; index < 12; ++index) items += Item(7, 3, static_cast<char>('a' + index));
+  EXPECT_EQ(Pass(items + Item(8, 3, '-'), 12), std::string("lll\0\0\0", 6));
+  EXPECT_EQ(qvslm::FilePosition(), 1 + 12 * 6);
+}
+
+// The buffer is as if each had been read: a body leaves what lies behind it.
+TEST_F(ItemsAhead, OfSeveralLengths) {
+  EXPECT_EQ(Pass(Item(7, 5, 'a') + Item(7, 3, 'b') + Item(7, 4, 'c') + Item(7, 2, 'd'), 4),
+            std::string("ddcca\0", 6));
+}
+
+TEST_F(ItemsAhead, OfOneLengthBehindALongerOne) {
+  std::string items = Item(7, 5, 'a');
+  for (int index = 1; index < 9; ++index) items += Item(7, 2, static_cast<char>('a' + index));
+  EXPECT_EQ(Pass(items, 9), std::string("iiaaa\0", 6));
+}
+
+TEST_F(ItemsAhead, OfOneLengthBeforeALongerOne) {
+  std::string items;
+  for (int index = 0; index < 8; ++index) items += Item(7, 2, static_cast<char>('a' + index));
+  EXPECT_EQ(Pass(items + Item(7, 4, 'z') + Item(7, 1, 'y'), 10), std::string("yzzz\0\0", 6));
+}
+
+TEST_F(ItemsAhead, WithoutABody) {
+  std::string items;
+  for (int index = 0; index < 9; ++index) items += Item(7, 0, '-');
+  EXPECT_EQ(Pass(items, 9), std::string("x\0\0\0\0\0", 6));
+}
+
+// An item that the file's end cuts is left where it is, alike or not.
+TEST_F(ItemsAhead, UpToTheEndOfTheFile) {
+  std::string items;
+  for (int index = 0; index < 8; ++index) items += Item(7, 2, static_cast<char>('a' + index));
+  for (std::size_t cut = 1; cut < 5; ++cut) {
+    EXPECT_EQ(Pass(items.substr(0, items.size() - cut), 7), std::string("gg\0\0\0\0", 6)) << cut;
+    EXPECT_EQ(qvslm::FilePosition(), 1 + 7 * 5) << cut;
+  }
+}
+
+TEST_F(ItemsAhead, NoneOfTheType) {
+  EXPECT_EQ(Pass(Item(8, 2, 'a'), 0), std::string("x\0\0\0\0\0", 6));
+  EXPECT_EQ(qvslm::FilePosition(), 1);
+}
+
 }  // namespace
