@@ -1,6 +1,9 @@
 // Band records have no time of their own: each takes that of the record that owns it. Since
 // fetching the owner overwrites RecordBuffer, the tables are converted first.
 
+#include <algorithm>
+#include <iterator>
+
 #include "fields/byte_reader.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
@@ -21,19 +24,21 @@ constexpr u16 kNoSequence = 65535;
 // Band levels count powers of two; this makes decibels of them.
 constexpr f32 kDecibelsPerDoubling = 3.0102999210357666F;
 
-f32 BandLevel(u32 offset) {
-  const u8* const pair = CurrentContext->RecordBuffer + offset;
-  f64 const level = static_cast<i8>(pair[0]) + pair[1] / 256.0;
-  return static_cast<f32>(level * kDecibelsPerDoubling);
+f32 BandLevel(const u8* pair) {
+  i32 const parts = static_cast<i8>(pair[0]) * 256 + pair[1];
+  return static_cast<f32>(parts) * (1 / 256.0F) * kDecibelsPerDoubling;
+}
+
+const u8* BodyAt(u32 offset) {
+  return CurrentContext->RecordBuffer + offset;
 }
 
 // Tables stand with their last band first: band 0 lies at the given body offset, the others before
 // it, as far as the body's start.
 void ConvertBands(f32 (&bands)[34], i32 offset) {
-  for (f32& band : bands) {
-    band = offset >= 0 ? BandLevel(static_cast<u32>(offset)) : 0.0F;
-    offset -= 2;
-  }
+  const u8* const first = BodyAt(static_cast<u32>(offset));
+  i32 const there = std::min(static_cast<i32>(std::size(bands)), offset / 2 + 1);
+  for (i32 band = 0; band < there; ++band) bands[band] = BandLevel(first - 2 * band);
 }
 
 // An owner that is not found is no failure of the translation.
@@ -115,16 +120,16 @@ i32 DecodeRec129() {
     record.BandFlags = kShortFormFlag;
     ConvertBands(record.BandsA, 129);
     ConvertBands(record.BandsB, 60);  // down to the pair that is the owner number
-    record.LevelPair1 = BandLevel(131);
+    record.LevelPair1 = BandLevel(BodyAt(131));
     record.Value =
         static_cast<f32>((context.RecordBuffer[133] * 256 + context.RecordBuffer[134]) / 2.0);
-    record.OverallLevel = BandLevel(135);
+    record.OverallLevel = BandLevel(BodyAt(135));
     record.ShortByte = context.RecordBuffer[137];
   } else {
     ConvertBands(record.BandsA, 69);
     ConvertBands(record.BandsB, 138);
     ConvertBands(record.BandsC, 207);
-    record.OverallLevel = BandLevel(209);
+    record.OverallLevel = BandLevel(BodyAt(209));
   }
   if (context.ErrorCode >= 0) {
     record.RecordTime = TimeOfInterval(record.OwnerNumber, &LastTimes.LastTimeRec129);
