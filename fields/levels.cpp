@@ -14,7 +14,7 @@ void DecodeDuration(f32& result, i32 kind) {
       break;
     case 6: {
       const u8* const bytes = TakeBytes(6);
-      result = ClockSeconds(bytes, (bytes[4] * 256 + bytes[5]) / 65536.0);
+      result = Stored(ClockSeconds(bytes) + (bytes[4] * 256 + bytes[5]) / 65536.0);
       break;
     }
     default:

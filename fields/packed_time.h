@@ -26,8 +26,7 @@ constexpr i32 PackedDecimal(u8 byte) {
 
 // Day, month, year. A month out of range is January, a day out of range the first, and years before
 // 70 lie behind 2000.
-inline void DecodePackedDate(Calendar& calendar) {
-  const u8* const bytes = TakeBytes(3);
+inline void PackedDateOf(const u8* bytes, Calendar& calendar) {
   i32 const day = PackedDecimal(bytes[0]);
   i32 const month = PackedDecimal(bytes[1]) - 1;
   i32 const year = PackedDecimal(bytes[2]);
@@ -35,13 +34,18 @@ inline void DecodePackedDate(Calendar& calendar) {
   calendar.Day = day < 1 || day > 31 ? 1 : day;
   calendar.Year = year < 70 ? year + 100 : year;
 }
+inline void DecodePackedDate(Calendar& calendar) {
+  PackedDateOf(TakeBytes(3), calendar);
+}
 
 // Hour, minute, second, as they stand.
-inline void DecodePackedTime(Calendar& calendar) {
-  const u8* const bytes = TakeBytes(3);
+inline void PackedTimeOf(const u8* bytes, Calendar& calendar) {
   calendar.Hour = PackedDecimal(bytes[0]);
   calendar.Minute = PackedDecimal(bytes[1]);
   calendar.Second = PackedDecimal(bytes[2]);
+}
+inline void DecodePackedTime(Calendar& calendar) {
+  PackedTimeOf(TakeBytes(3), calendar);
 }
 
 }  // namespace qvslm

@@ -1,8 +1,8 @@
-#include "fields/byte_reader.h"
 #include "fields/data_file.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
 #include "fields/packed_time.h"
+#include "fields/record_fields.h"
 #include "fields/record_time.h"
 #include "records/records.h"
 
@@ -26,14 +26,15 @@ i32 DecodeRec4() {
   TranslateContext& context = *CurrentContext;
   auto& record = BeginRecord<QvEvent>(QV_EVENT);
 
+  RecordFields fields;
   Calendar stamp = ClearedCalendar();
-  SkipByte();
-  DecodePackedDate(stamp);
-  DecodePackedTime(stamp);
-  DecodeEventByte(record.EventCode, record.EventDetail);
-  DecodeU16Short(record.EventValue16);
-  record.EventValue24 = DecodeU24();
-  i32 const status = context.ErrorCode;  // that of the last byte
+  fields.Byte();
+  PackedDateOf(fields.Take(3), stamp);
+  PackedTimeOf(fields.Take(3), stamp);
+  EventOf(fields.Byte(), record.EventCode, record.EventDetail);
+  record.EventValue16 = fields.Word();
+  record.EventValue24 = U24Of(fields.Take(3));
+  fields.Close();
 
   record.RecordTime = NormalizeTime(stamp, &LastTimes.LastTimeRec4);
   if (context.FirstRunTime == 0 && context.RunEventWriteIndex == 0) {
@@ -45,19 +46,21 @@ i32 DecodeRec4() {
     KeepEventTime(context.OtherEventTimes, context.OtherEventWriteIndex, record.RecordTime);
   }
   NoteRecordTime(record.RecordTime);
-  return status;
+  return fields.Status();
 }
 
 i32 DecodeRec5() {
   auto& record = BeginRecord<QvLevelMark>(QV_LEVEL_MARK);
   record.LevelOffset = CurrentContext->LevelOffset;
 
+  RecordFields fields;
   Calendar stamp = ClearedCalendar();
-  SkipByte();
-  DecodePackedDate(stamp);
-  DecodePackedTime(stamp);
-  DecodeLevel(record.Level);
-  DecodeStatusByte(record.StatusBit5, record.StatusCode);
+  fields.Byte();
+  PackedDateOf(fields.Take(3), stamp);
+  PackedTimeOf(fields.Take(3), stamp);
+  record.Level = LevelOf(fields.Take(2));
+  MarkStatusOf(fields.Byte(), record.StatusBit5, record.StatusCode);
+  fields.Close();
 
   KeepFilePosition();
   record.RecordTime = NormalizeTime(stamp, &LastTimes.LastTimeRec5);

@@ -1,10 +1,10 @@
 #include <span>
 
-#include "fields/byte_reader.h"
 #include "fields/data_file.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
 #include "fields/packed_time.h"
+#include "fields/record_fields.h"
 #include "fields/record_time.h"
 #include "fields/whole_number.h"
 #include "records/firmware_rules.h"
@@ -34,10 +34,6 @@ bool HasTable16() {
   return CurrentContext->DistributionOn != 0 && HasTablesByFirmware();
 }
 
-void DecodeAuxiliary(f32& result, int channel) {
-  DecodeScaledByte(CurrentContext->AuxChannel[channel], result);
-}
-
 // The whole decibels that a sample is raised by, as the instrument's signed byte.
 i8 SampleBase() {
   const TranslateContext& context = *CurrentContext;
@@ -46,23 +42,21 @@ i8 SampleBase() {
 }
 
 // Samples above 127 are flagged; those that are not 0 without the flag are raised by the base.
-// Returns the status of the last byte, be it the count.
-i32 DecodeSamples(QvInterval& record) {
-  TranslateContext& context = *CurrentContext;
-  u32 const count = ReadByte();
-  if (count > 0) ReadRawBytes(record.Samples, count);
+// The count is one byte, and so is the number of flagged ones.
+void DecodeSamples(RecordFields& fields, QvInterval& record) {
+  u8 const count = fields.Byte();
+  if (count > 0) fields.Raw(record.Samples, count);
   auto const base = static_cast<u8>(SampleBase());
-  u32 flagged = 0;
+  u8 flagged = 0;
   for (u8& sample : std::span(record.Samples, count)) {
     auto const level = static_cast<u8>(sample & 0x7F);
-    flagged += sample >> 7;
+    flagged = static_cast<u8>(flagged + (sample >> 7));
     sample = level == 0 ? u8{0} : static_cast<u8>(level + base);
   }
-  record.SampleSpacing = static_cast<f32>(context.IntervalSamplePeriod / 32.0);
-  if (count > 0) {
+  record.SampleSpacing = static_cast<f32>(CurrentContext->IntervalSamplePeriod / 32.0);
+  if (flagged > 0) {
     record.FlaggedSamplePercent = static_cast<f32>(static_cast<f64>(flagged) / count * 100.0);
   }
-  return context.ErrorCode;
 }
 
 void PlaceInTime(QvInterval& record, i32 seconds) {
@@ -85,58 +79,62 @@ i32 DecodeRec1(i16 limitLevel) {
   bool const auxiliary = context.IntervalAuxOn == 1;
   i32 status = 0;
 
+  RecordFields fields;
   Calendar stamp = ClearedCalendar();
-  DecodePackedDate(stamp);
-  DecodePackedTime(stamp);
-  DecodeDuration5(record.Duration);
-  DecodeLevel(record.LevelA);
-  DecodeLevel(record.LevelB);
-  DecodeLevel(record.LevelC);
+  PackedDateOf(fields.Take(3), stamp);
+  PackedTimeOf(fields.Take(3), stamp);
+  record.Duration = Duration5Of(fields.Take(5));
+  record.LevelA = LevelOf(fields.Take(2));
+  record.LevelB = LevelOf(fields.Take(2));
+  record.LevelC = LevelOf(fields.Take(2));
   if (static_cast<f64>(limitLevel) < record.LevelC) record.IntervalFlags |= kAboveLimit;
-  DecodeLevel(record.LevelD);
-  DecodeLevel(record.LevelE);
-  record.Byte1 = ReadByte();
-  record.Byte2 = ReadByte();
-  DecodeFixed16(record.DurationPercent);
+  record.LevelD = LevelOf(fields.Take(2));
+  record.LevelE = LevelOf(fields.Take(2));
+  record.Byte1 = fields.Byte();
+  record.Byte2 = fields.Byte();
+  record.DurationPercent = Fixed16Of(fields.Take(2));
   record.ThresholdOrLevel = context.ThresholdLevel;
   if (context.LevelInRecordOn != 0) {
     record.IntervalFlags |= kLevelPresent;
-    DecodeLevel(record.ThresholdOrLevel);
+    record.ThresholdOrLevel = LevelOf(fields.Take(2));
   }
   if (auxiliary && context.ExtraBlockOn == 0 && context.FirmwareAbove09 == 0) {
-    DecodeAuxiliary(record.Aux0, 0);
-    SkipByte();
+    record.Aux0 = ScaledByteOf(fields.Byte(), context.AuxChannel[0]);
+    fields.Byte();
   }
   if (context.ExtraBlockOn == 1) {
     record.IntervalFlags |= kSpansPresent;
-    if (HasFirstSpan()) DecodeSpan(record.Span1);
-    DecodeSpan(record.Span2);
-    record.Byte3 = ReadByte(status);
+    if (HasFirstSpan()) record.Span1 = SpanOf(fields.Take(2));
+    record.Span2 = SpanOf(fields.Take(2));
+    record.Byte3 = fields.Byte();
+    status = fields.Status();
   }
   if (auxiliary) {
     record.IntervalFlags |= kAuxPresent;
     if (context.FirmwareAbove09 == 1) {
       if (context.AuxEnabled1 != 0) record.IntervalFlags |= kSecondAuxEnabled;
-      DecodeAuxiliary(record.Aux0, 0);
-      DecodeAuxiliary(record.Aux1, 1);
-      DecodeAuxiliary(record.Aux2, 2);
+      record.Aux0 = ScaledByteOf(fields.Byte(), context.AuxChannel[0]);
+      record.Aux1 = ScaledByteOf(fields.Byte(), context.AuxChannel[1]);
+      record.Aux2 = ScaledByteOf(fields.Byte(), context.AuxChannel[2]);
     } else {
-      DecodeAuxiliary(record.Aux1, 1);
-      SkipByte();
-      DecodeAuxiliary(record.Aux2, 2);
-      SkipByte();
+      record.Aux1 = ScaledByteOf(fields.Byte(), context.AuxChannel[1]);
+      fields.Byte();
+      record.Aux2 = ScaledByteOf(fields.Byte(), context.AuxChannel[2]);
+      fields.Byte();
     }
     status = 0;
   }
   if (HasTable16()) {
     record.IntervalFlags |= kTablePresent;
-    ReadRawBytes(record.Table16, sizeof record.Table16);
-    status = context.ErrorCode;
+    fields.Raw(record.Table16, sizeof record.Table16);
+    status = fields.Status();
   }
   if (context.IntervalSamplesOn == 1) {
     record.IntervalFlags |= kSamplesPresent;
-    status = DecodeSamples(record);
+    DecodeSamples(fields, record);
+    status = fields.Status();
   }
+  fields.Close();
 
   KeepFilePosition();
   PlaceInTime(record, NormalizeTime(stamp, &LastTimes.LastTimeRec1));

@@ -77,7 +77,7 @@ TEST_F(Levels, StatusByte) {
     Record({byte});
     u16 flag = 0xFFFF;
     u16 code = 0xFFFF;
-    DecodeStatusByte(flag, code);
+    MarkStatusOf(static_cast<u8>(byte), flag, code);
     EXPECT_EQ(flag, byte & 0x20) << byte;
     EXPECT_EQ(code, byte >= 128 ? 128 : byte & 0x07) << byte;
   }
@@ -242,6 +242,19 @@ TEST_F(Levels, BehindTheEnd) {
   EXPECT_EQ(behind(DecodeFlaggedLevel, {75}), 0.0F);
   EXPECT_EQ(behind(DecodeSpan, {}), 0.0F);
   EXPECT_EQ(behind(DecodeDuration5, {0, 1, 2}), 3720.0F);
+}
+
+// Sums in single precision are those of double precision, rounded.
+TEST_F(Levels, SumsAreThoseOfDoublePrecision) {
+  for (f32 const offset : {0.1F, 10.3F, -37.7F, 119.99F, 1e-7F, 3e7F, -1e-30F}) {
+    context_.LevelOffset = offset;
+    for (u32 word = 1; word < 65536; ++word) {
+      u8 const bytes[2] = {static_cast<u8>(word >> 8), static_cast<u8>(word & 0xFF)};
+      f64 const sum = word / 256.0 + static_cast<f64>(offset);
+      f32 const level = LevelOf(bytes);
+      ASSERT_EQ(level, bytes[1] == 0 ? kMarker : static_cast<f32>(sum)) << word << " " << offset;
+    }
+  }
 }
 
 // Stream levels end with the status of a missing byte.
