@@ -10,8 +10,10 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
   set(CMAKE_BUILD_TYPE Release)
 endif()
 
-# Floating-point results are part of the interface: no fused or reassociated arithmetic.
-add_compile_options($<$<NOT:$<CXX_COMPILER_ID:MSVC>>:-ffp-contract=off>)
+# Floating-point results are part of the interface: no fused or reassociated arithmetic. Traps are not:
+# without them a choice between two results need not be a branch.
+add_compile_options($<$<NOT:$<CXX_COMPILER_ID:MSVC>>:-ffp-contract=off>
+                    $<$<NOT:$<CXX_COMPILER_ID:MSVC>>:-fno-trapping-math>)
 
 if(QVSLM_DEVELOP AND NOT MSVC)
   add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)

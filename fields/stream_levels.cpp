@@ -36,9 +36,9 @@ StreamLevels StreamLevelsInForce() {
   return {
       .twoBytes = context.WholeDbStream == 0,
       .secondLevels = kind != 0,
-      .firstWeight = context.Model == kModel442 ? 1U : 2U,
+      .firstShift = context.Model == kModel442 ? 0U : 1U,
       .offset = OffsetInForce(),
-      .secondRaise = raised ? 16.0 : 0.0,
+      .secondRaise = raised ? 16.0F : 0.0F,
       .plainSecond = kind == 4,
   };
 }

@@ -15,32 +15,40 @@ constexpr bool IsSampleByte(u8 byte) {
 // What a stream of whole decibels adds for LevelOffset: a whole number, rounded down.
 f64 WholeLevelOffset();
 
-// What the settings in force make of the bytes of a sample.
+// What the settings in force make of the bytes of a sample. Levels are sums in double precision,
+// rounded to f32; with Sum = f32 they come out the same where OffsetIsSingle.
 struct StreamLevels {
   bool twoBytes;      // else whole decibels
   bool secondLevels;  // samples have a second level
-  u32 firstWeight;    // of the second byte in the first level, in 1/256
+  u32 firstShift;     // of the second byte in the first level, which counts 1/256
   f64 offset;         // added to levels
-  f64 secondRaise;    // added to the second level besides
+  f32 secondRaise;    // added to the second level besides
   bool plainSecond;   // second levels are neither marked nor raised
 
-  // Both levels are exact in f32 before the offset is added.
-  static f64 Level(u32 hi, u32 lo, u32 weight) {
-    return static_cast<i32>(hi * 256 + lo * weight) * (1 / 256.0);
+  bool OffsetIsSingle() const { return static_cast<f64>(static_cast<f32>(offset)) == offset; }
+
+  // Whole number and parts, which f32 holds exactly.
+  static f32 Level(u32 hi, u32 lo, u32 shift) { return Parts256(hi * 256 + (lo << shift)); }
+
+  template <class Sum = f64>
+  f32 Raised(f32 level) const {
+    return static_cast<f32>(static_cast<Sum>(level) + static_cast<Sum>(offset));
   }
 
-  f32 First(u32 hi, u32 lo) const {
-    f64 const level = Level(hi, lo, firstWeight);
-    return Stored(hi + lo < 1 ? level : level + offset);
+  // Of bytes that are not both 0.
+  template <class Sum = f64>
+  f32 FirstOfSample(u32 hi, u32 lo) const {
+    return Raised<Sum>(Level(hi, lo, firstShift));
   }
+  f32 First(u32 hi, u32 lo) const { return hi + lo < 1 ? 0 : FirstOfSample(hi, lo); }
 
   // A sum of 0 or 2 stands for no level.
+  template <class Sum = f64>
   f32 Second(u32 hi, u32 lo) const {
-    f64 const level = Level(hi, lo, 2);
-    if (plainSecond) return Stored(level);
-    if (((hi + lo) & ~2U) == 0) return kNoLevel;
-    f32 const raised = Stored(level + offset);
-    return secondRaise == 0 ? raised : Stored(raised + secondRaise);
+    f32 const level = Level(hi, lo, 1);
+    if (plainSecond) return level;
+    f32 const raised = Raised<Sum>(level) + secondRaise;
+    return ((hi + lo) & ~2U) == 0 ? kNoLevel : raised;
   }
 };
 

@@ -1,3 +1,6 @@
+#include <bit>
+#include <cmath>
+#include <cstddef>
 #include <cstring>
 #include <limits>
 
@@ -56,6 +59,16 @@ u32 MarkerDetail(f32 second) {
   return (static_cast<u32>(TruncateToI32(second)) - 128U) & 0x0FU;
 }
 
+// Whether a time is a whole multiple of 2^-16 seconds and in the range of 32 bits, as the times and
+// periods of instruments are: sums of a record's worth of them are exact in whatever way they are
+// added.
+bool IsExactTime(f64 seconds) {
+  constexpr f64 kParts = 65536;
+  f64 const parts = seconds * kParts;
+  bool const inRange = std::abs(seconds) <= std::numeric_limits<i32>::max();
+  return inRange && static_cast<f64>(static_cast<i64>(parts)) == parts;
+}
+
 // Takes the entries of one call from RecordBuffer into the output record. The places in both, and
 // the running time, are kept here and written back by Close.
 class StreamCall {
@@ -64,12 +77,12 @@ class StreamCall {
   // record is complete. The status is that of the last read.
   bool Take(Entry& entry, i32& status) {
     for (;;) {
-      TakePlainSamples();
+      if (inRuns_) TakeSamplesAhead();
       if (pending_ >= kEntriesPerRecord) return true;
       Read(entry);
       status = status_;
       if (entry.lastByte == 0 || status_ < 0) return false;
-      if (CollectMarker(entry) || pending_ >= kEntriesPerRecord) return true;
+      if (Collect(entry) || pending_ >= kEntriesPerRecord) return true;
     }
   }
 
@@ -82,37 +95,69 @@ class StreamCall {
   }
 
  private:
-  void TakePlainSamples() {
+  void TakeSamplesAhead() {
     if (levels_.twoBytes) {
-      levels_.secondLevels ? TakeRun<true, true>() : TakeRun<true, false>();
+      levels_.secondLevels ? TakeRun<u32, true, true>() : TakeRun<u16, true, false>();
     } else {
-      levels_.secondLevels ? TakeRun<false, true>() : TakeRun<false, false>();
+      levels_.secondLevels ? TakeRun<u16, false, true>() : TakeRun<u8, false, false>();
     }
   }
 
-  // The samples ahead, one form at a time. What is no sample above 0 is left to Read.
-  template <bool kTwoBytes, bool kSecondLevels>
+  // Takes the samples ahead, each as large as Bytes, up to one that is not above 0. A record's worth
+  // of bytes is converted whatever they are: in a loop without a choice processors take several
+  // samples at once.
+  template <class Bytes, bool kTwoBytes, bool kSecondLevels>
   void TakeRun() {
-    constexpr std::ptrdiff_t kBytes = std::ptrdiff_t{kTwoBytes ? 2 : 1} * (kSecondLevels ? 2 : 1);
+    constexpr i32 kSize = sizeof(Bytes);
+    // No more than a record's worth of entries has been taken from the block before.
+    static_assert(2 * kEntriesPerRecord * kSize <= i32{kStreamBlock});
     StreamLevels const levels = levels_;
-    const u8* next = next_;
-    i32 pending = pending_;
-    f64 time = time_;
-    for (; pending < kEntriesPerRecord && end_ - next >= kBytes; next += kBytes) {
-      if (!IsSampleByte(next[0])) break;
-      f32 const first = levels.First(next[0], kTwoBytes ? next[1] : 0);
-      if (!(first > 0)) break;
-      record_.FirstLevels[pending] = first;
+    f32 first[kEntriesPerRecord];
+    f32 second[kEntriesPerRecord];
+    u32 noSample = 0;  // the top bit of a byte is set when one of them is 0 or above 127
+    u32 notAbove0 = 0;
+    for (i32 at = 0; at < kEntriesPerRecord; ++at) {
+      Bytes sample;
+      std::memcpy(&sample, next_ + at * kSize, kSize);
+      u32 const hi = ByteOf(sample, 0);
+      noSample |= hi | (hi - 1);
+      first[at] = levels.FirstOfSample<f32>(hi, kTwoBytes ? ByteOf(sample, 1) : 0);
+      notAbove0 |= first[at] > 0 ? 0U : 1U;
       if constexpr (kSecondLevels) {
-        const u8* const second = next + kBytes / 2;
-        record_.SecondLevels[pending] = levels.Second(second[0], kTwoBytes ? second[1] : 0);
+        second[at] = kTwoBytes ? levels.Second<f32>(ByteOf(sample, 2), ByteOf(sample, 3))
+                               : levels.Second<f32>(ByteOf(sample, 1), 0);
       }
-      time += period_;
-      ++pending;
     }
-    next_ = next;
-    pending_ = pending;
-    time_ = time;
+    i32 const room = kEntriesPerRecord - pending_;
+    i32 taken = room;
+    if ((noSample & 0x80) != 0 || notAbove0 != 0) {
+      taken = 0;
+      while (taken < room && IsSampleByte(next_[taken * kSize]) && first[taken] > 0) ++taken;
+    }
+    auto const size = sizeof(f32) * static_cast<std::size_t>(taken);
+    std::memcpy(record_.FirstLevels + pending_, first, size);
+    if constexpr (kSecondLevels) std::memcpy(record_.SecondLevels + pending_, second, size);
+    next_ += taken * kSize;
+    pending_ += taken;
+    AdvanceTime(taken);
+  }
+
+  // A byte of a sample, by its place in the file.
+  template <class Bytes>
+  static u32 ByteOf(Bytes sample, int place) {
+    int const bytesAbove = std::endian::native == std::endian::little
+                               ? place
+                               : static_cast<int>(sizeof sample) - 1 - place;
+    return (static_cast<u32>(sample) >> (8 * bytesAbove)) & 0xFF;
+  }
+
+  // Adds the period of each sample taken.
+  void AdvanceTime(i32 samples) {
+    if (timesAreExact_) {
+      time_ += samples * period_;
+    } else {
+      for (i32 at = 0; at < samples; ++at) time_ += period_;
+    }
   }
 
   // Reads one entry of any kind.
@@ -152,6 +197,16 @@ class StreamCall {
     if (status_ >= 0) entry.second = levels_.Second(hi2, lo2);
   }
 
+  // Puts an entry into the record; true when that completes it.
+  bool Collect(const Entry& entry) {
+    if (!(entry.first > 0)) return CollectMarker(entry);
+    record_.FirstLevels[pending_] = entry.first;
+    if (levels_.secondLevels) record_.SecondLevels[pending_] = entry.second;
+    ++pending_;
+    AdvanceTime(1);
+    return false;
+  }
+
   // Puts a marker into the record, and a sample at or below 0, which counts as one. A run marker sets the
   // time to that of the event it answers to, and completes the record.
   bool CollectMarker(const Entry& entry) {
@@ -174,6 +229,8 @@ class StreamCall {
   i32 pending_ = CurrentContext->SamplesPending;
   f64 time_ = CurrentContext->StreamTime;
   f64 period_ = CurrentContext->StreamPeriod;
+  bool inRuns_ = levels_.OffsetIsSingle();
+  bool timesAreExact_ = IsExactTime(time_) && IsExactTime(period_);
 };
 
 }  // namespace

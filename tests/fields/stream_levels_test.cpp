@@ -126,6 +126,8 @@ TEST(StreamLevel, OffsetOfOneByte) {
       {"-2.1", 73.0F},
       // As f32 a little below -2.2.
       {"-2.2", 72.0F},
+      // Cut to 2^31 - 1, which f32 does not hold.
+      {"3000000000", 2147483648.0F},
   };
   for (const auto& row : kRows) {
     for (int const model : {431, 480, 486, 500}) {
