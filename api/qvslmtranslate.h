@@ -212,9 +212,11 @@ QV_EXPORT int32_t QV_StartTranslate(const char* path, void* context);
  * QV_NO_ARGUMENT       record or context is null; nothing was done.
  *
  * A step that returns QV_OK without a record need not move forward: an item 2 in a mode that has none,
- * an item 6 of models 431 and 442, or a list cut by the end of the file come again and again. A host that
- * reads files that it does not trust stops when neither the record nor the file moves on; see the
- * command-line host for one way to notice it.
+ * an item 6 of models 431 and 442, or a list cut by the end of the file come again and again. A stream
+ * cut by the end of the file goes on with the bytes of the block before, in up to 18 million records, to
+ * a place above 2,147,483,647 bytes. A host that reads files that it does not trust stops when the
+ * steps would have taken more bytes than the file has: each takes one or more, a time history one or
+ * more for each entry. The command-line host shows how.
  */
 QV_EXPORT int32_t QV_TranslateNextRec(void* record, void* context);
 
