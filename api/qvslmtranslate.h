@@ -213,8 +213,8 @@ QV_EXPORT int32_t QV_StartTranslate(const char* path, void* context);
  *
  * A step that returns QV_OK without a record need not move forward: an item 2 in a mode that has none,
  * an item 6 of models 431 and 442, or a list cut by the end of the file come again and again. A stream
- * cut by the end of the file goes on with the bytes of the block before, in up to 18 million records, to
- * a place above 2,147,483,647 bytes. A host that reads files that it does not trust stops when the
+ * cut by the end of the file goes on with the bytes of the block before, record after record, up to a
+ * place above 2,147,483,647 bytes. A host that reads files that it does not trust stops when the
  * steps would have taken more bytes than the file has: each takes one or more, a time history one or
  * more for each entry. The command-line host shows how.
  */

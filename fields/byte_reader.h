@@ -45,9 +45,12 @@ inline const u8* TakeBytes(u32 count) {
   return context.RecordBuffer + position;
 }
 
-inline u32 ReadWord() {
-  const u8* const bytes = TakeBytes(2);
+// Two bytes, high byte first.
+inline u32 WordOf(const u8* bytes) {
   return bytes[0] * 256U + bytes[1];
+}
+inline u32 ReadWord() {
+  return WordOf(TakeBytes(2));
 }
 
 // Copies count bytes of the record as they stand, 0 for those behind its end.

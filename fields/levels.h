@@ -20,9 +20,6 @@ inline f32 Stored(f64 value) {
 }
 
 // Whole numbers, high byte first.
-inline u32 WordOf(const u8* bytes) {
-  return bytes[0] * 256U + bytes[1];
-}
 inline void DecodeU8(u32& result) {
   result = ReadByte();
 }
@@ -49,7 +46,7 @@ inline void DecodeEventByte(u16& event, u16& detail) {
 }
 
 // Bit 0x20 of a level mark's status, and its code: bits 0x87, 128 at most.
-inline void MarkStatusOf(u8 byte, u16& flag, u16& code) {
+inline void DecodeStatusByte(u8 byte, u16& flag, u16& code) {
   flag = byte & 0x20;
   code = byte & 0x87;
   if (code > 128) code = 128;

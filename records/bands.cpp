@@ -29,14 +29,14 @@ f32 BandLevel(const u8* pair) {
   return static_cast<f32>(parts) * (1 / 256.0F) * kDecibelsPerDoubling;
 }
 
-const u8* BodyAt(u32 offset) {
+const u8* BodyAt(i32 offset) {
   return CurrentContext->RecordBuffer + offset;
 }
 
 // Tables stand with their last band first: band 0 lies at the given body offset, the others before
-// it, as far as the body's start.
+// it, as far as the body's start. Those that are not there stay 0.
 void ConvertBands(f32 (&bands)[34], i32 offset) {
-  const u8* const first = BodyAt(static_cast<u32>(offset));
+  const u8* const first = BodyAt(offset);
   i32 const there = std::min(static_cast<i32>(std::size(bands)), offset / 2 + 1);
   for (i32 band = 0; band < there; ++band) bands[band] = BandLevel(first - 2 * band);
 }

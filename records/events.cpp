@@ -1,8 +1,8 @@
+#include "fields/body_fields.h"
 #include "fields/data_file.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
 #include "fields/packed_time.h"
-#include "fields/record_fields.h"
 #include "fields/record_time.h"
 #include "records/records.h"
 
@@ -26,7 +26,7 @@ i32 DecodeRec4() {
   TranslateContext& context = *CurrentContext;
   auto& record = BeginRecord<QvEvent>(QV_EVENT);
 
-  RecordFields fields;
+  BodyFields fields;
   Calendar stamp = ClearedCalendar();
   fields.Byte();
   PackedDateOf(fields.Take(3), stamp);
@@ -53,13 +53,13 @@ i32 DecodeRec5() {
   auto& record = BeginRecord<QvLevelMark>(QV_LEVEL_MARK);
   record.LevelOffset = CurrentContext->LevelOffset;
 
-  RecordFields fields;
+  BodyFields fields;
   Calendar stamp = ClearedCalendar();
   fields.Byte();
   PackedDateOf(fields.Take(3), stamp);
   PackedTimeOf(fields.Take(3), stamp);
   record.Level = LevelOf(fields.Take(2));
-  MarkStatusOf(fields.Byte(), record.StatusBit5, record.StatusCode);
+  DecodeStatusByte(fields.Byte(), record.StatusBit5, record.StatusCode);
   fields.Close();
 
   KeepFilePosition();

@@ -1,10 +1,10 @@
 #include <span>
 
+#include "fields/body_fields.h"
 #include "fields/data_file.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
 #include "fields/packed_time.h"
-#include "fields/record_fields.h"
 #include "fields/record_time.h"
 #include "fields/whole_number.h"
 #include "records/firmware_rules.h"
@@ -43,7 +43,7 @@ i8 SampleBase() {
 
 // Samples above 127 are flagged; those that are not 0 without the flag are raised by the base.
 // The count is one byte, and so is the number of flagged ones.
-void DecodeSamples(RecordFields& fields, QvInterval& record) {
+void DecodeSamples(BodyFields& fields, QvInterval& record) {
   u8 const count = fields.Byte();
   if (count > 0) fields.Raw(record.Samples, count);
   auto const base = static_cast<u8>(SampleBase());
@@ -79,7 +79,7 @@ i32 DecodeRec1(i16 limitLevel) {
   bool const auxiliary = context.IntervalAuxOn == 1;
   i32 status = 0;
 
-  RecordFields fields;
+  BodyFields fields;
   Calendar stamp = ClearedCalendar();
   PackedDateOf(fields.Take(3), stamp);
   PackedTimeOf(fields.Take(3), stamp);

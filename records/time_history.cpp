@@ -1,8 +1,8 @@
-#include <bit>
 #include <cmath>
 #include <cstddef>
 #include <cstring>
 #include <limits>
+#include <type_traits>
 
 #include "fields/byte_reader.h"
 #include "fields/data_file.h"
@@ -76,14 +76,17 @@ class StreamCall {
   // Takes entries until the record is complete, the stream ends, or the block does; true when the
   // record is complete. The status is that of the last read.
   bool Take(Entry& entry, i32& status) {
-    for (;;) {
-      if (inRuns_) TakeSamplesAhead();
-      if (pending_ >= kEntriesPerRecord) return true;
+    while (pending_ < kEntriesPerRecord) {
+      if (inRuns_ && IsSampleByte(*next_)) {
+        inRuns_ = TakeSamplesAhead();
+        if (inRuns_) continue;
+      }
       Read(entry);
       status = status_;
       if (entry.lastByte == 0 || status_ < 0) return false;
-      if (Collect(entry) || pending_ >= kEntriesPerRecord) return true;
+      if (Collect(entry)) return true;
     }
+    return true;
   }
 
   void Close() const {
@@ -95,21 +98,23 @@ class StreamCall {
   }
 
  private:
-  void TakeSamplesAhead() {
-    if (levels_.twoBytes) {
-      levels_.secondLevels ? TakeRun<u32, true, true>() : TakeRun<u16, true, false>();
-    } else {
-      levels_.secondLevels ? TakeRun<u16, false, true>() : TakeRun<u8, false, false>();
-    }
+  bool TakeSamplesAhead() {
+    if (levels_.twoBytes)
+      return levels_.secondLevels ? TakeRun<true, true>() : TakeRun<true, false>();
+    return levels_.secondLevels ? TakeRun<false, true>() : TakeRun<false, false>();
   }
 
-  // Takes the samples ahead, each as large as Bytes, up to one that is not above 0. A record's worth
-  // of bytes is converted whatever they are: in a loop without a choice processors take several
-  // samples at once.
-  template <class Bytes, bool kTwoBytes, bool kSecondLevels>
-  void TakeRun() {
+  // Takes the samples ahead up to one that is not above 0; false when there was none. A record's
+  // worth of bytes is converted whatever they are: in a loop without a choice processors take
+  // several samples at once.
+  template <bool kTwoBytes, bool kSecondLevels>
+  bool TakeRun() {
+    constexpr bool kBoth = kTwoBytes && kSecondLevels;
+    using OneOrTwoBytes = std::conditional_t<kTwoBytes || kSecondLevels, u16, u8>;
+    using Bytes = std::conditional_t<kBoth, u32, OneOrTwoBytes>;
     constexpr i32 kSize = sizeof(Bytes);
-    // No more than a record's worth of entries has been taken from the block before.
+    // Each entry takes so many bytes, marker or sample, and less than a record's worth of them has
+    // been taken from the block before.
     static_assert(2 * kEntriesPerRecord * kSize <= i32{kStreamBlock});
     StreamLevels const levels = levels_;
     f32 first[kEntriesPerRecord];
@@ -140,15 +145,13 @@ class StreamCall {
     next_ += taken * kSize;
     pending_ += taken;
     AdvanceTime(taken);
+    return taken > 0;
   }
 
   // A byte of a sample, by its place in the file.
   template <class Bytes>
   static u32 ByteOf(Bytes sample, int place) {
-    int const bytesAbove = std::endian::native == std::endian::little
-                               ? place
-                               : static_cast<int>(sizeof sample) - 1 - place;
-    return (static_cast<u32>(sample) >> (8 * bytesAbove)) & 0xFF;
+    return (u32{sample} >> (8 * place)) & 0xFF;
   }
 
   // Adds the period of each sample taken.

@@ -161,7 +161,7 @@ class ItemsAhead : public BlockReader {
   // Passes the items ahead and returns the first bytes of what RecordBuffer holds then.
   std::string Pass(const std::string& items, qvslm::u32 expected) {
     Open("x" + items, 1);
-    EXPECT_EQ(qvslm::BytesAhead(1) == nullptr, items.empty());
+    EXPECT_NE(qvslm::BytesAhead(1), nullptr);
     EXPECT_EQ(qvslm::PassItemsAhead(7), expected);
     return {context_.RecordBuffer, context_.RecordBuffer + 6};
   }
@@ -203,13 +203,21 @@ TEST_F(ItemsAhead, WithoutABody) {
   EXPECT_EQ(Pass(items, 9), std::string("x\0\0\0\0\0", 6));
 }
 
-// An item that the file's end cuts is left where it is, alike or not.
+// An item that the file's end cuts is left where it is.
 TEST_F(ItemsAhead, UpToTheEndOfTheFile) {
   std::string items;
   for (int index = 0; index < 8; ++index) items += Item(7, 2, static_cast<char>('a' + index));
   for (std::size_t cut = 1; cut < 5; ++cut) {
     EXPECT_EQ(Pass(items.substr(0, items.size() - cut), 7), std::string("gg\0\0\0\0", 6)) << cut;
     EXPECT_EQ(qvslm::FilePosition(), 1 + 7 * 5) << cut;
+  }
+}
+
+TEST_F(ItemsAhead, UpToTheEndOfTheFileInAnotherLength) {
+  std::string const items = Item(7, 3, 'a') + Item(7, 2, 'b');
+  for (std::size_t cut = 1; cut < 5; ++cut) {
+    EXPECT_EQ(Pass(items.substr(0, items.size() - cut), 1), std::string("aaa\0\0\0", 6)) << cut;
+    EXPECT_EQ(qvslm::FilePosition(), 1 + 6) << cut;
   }
 }
 

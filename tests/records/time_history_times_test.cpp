@@ -72,6 +72,18 @@ TEST(TimeHistoryTimes, RunOnByThePeriod) {
   }
 }
 
+// Each sample adds its period to the running time, and each sum is rounded: a period of 0.5 s less 2^-25 s
+// counts as 0.5 s where times are 2^-22 s apart. Each line of register 84 scales the period anew.
+TEST(TimeHistoryTimes, AddUpSampleBySample) {
+  DataFile file = General();
+  Period(file, "16777215", "0");
+  for (int line = 0; line < 4; ++line) file.Q(84, "0");
+  Translation const run(file.Stream(6, Samples(181)).EndOfData());
+  EXPECT_EQ(TimesOf(run),
+            (Times{kHeaderTime, kHeaderTime + 30, kHeaderTime + 60, kHeaderTime + 90}));
+  EXPECT_EQ(run.As<QvTimeHistory>(0, QV_TIME_HISTORY).StreamPeriod, 0.5F - 0x1p-25F);
+}
+
 // The next stream goes on where the last one stopped.
 TEST(TimeHistoryTimes, GoOnWithTheNextStream) {
   DataFile file = General();

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <vector>
 
-#include "fields/record_fields.h"
+#include "fields/body_fields.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ class Fields : public testing::Test {
     context_.RecordLength = static_cast<u32>(bytes.size());
   }
 
-  static std::vector<u8> Taken(RecordFields& fields, int count) {
+  static std::vector<u8> Taken(BodyFields& fields, int count) {
     const u8* const bytes = fields.Take(count);
     return {bytes, bytes + count};
   }
@@ -36,7 +36,7 @@ using Bytes = std::vector<u8>;
 
 TEST_F(Fields, StandOneBehindTheOther) {
   Record({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12});
-  RecordFields fields;
+  BodyFields fields;
   EXPECT_EQ(fields.Byte(), 1);
   EXPECT_EQ(fields.Word(), 0x0203);
   EXPECT_EQ(Taken(fields, 3), (Bytes{4, 5, 6}));
@@ -58,7 +58,7 @@ TEST_F(Fields, AreCutByTheEnd) {
     Bytes bytes(static_cast<std::size_t>(there), 0xEE);
     Record(bytes);
     bytes.resize(8);
-    RecordFields fields;
+    BodyFields fields;
     EXPECT_EQ(Taken(fields, 8), bytes) << there;
     EXPECT_EQ(fields.Status(), QV_RECORD_TOO_SHORT) << there;
     fields.Close();
@@ -68,7 +68,7 @@ TEST_F(Fields, AreCutByTheEnd) {
 
 TEST_F(Fields, AreZeroBehindTheEnd) {
   Record({0xEE});
-  RecordFields fields;
+  BodyFields fields;
   EXPECT_EQ(fields.Word(), 0xEE00);
   EXPECT_EQ(fields.Status(), QV_RECORD_TOO_SHORT);
   EXPECT_EQ(fields.Byte(), 0);
@@ -84,7 +84,7 @@ TEST_F(Fields, AreZeroBehindTheEnd) {
 
 TEST_F(Fields, RawBytesAreCutByTheEnd) {
   Record({1, 2, 3});
-  RecordFields fields;
+  BodyFields fields;
   fields.Byte();
   u8 raw[5] = {7, 7, 7, 7, 7};
   fields.Raw(raw, 4);
@@ -97,7 +97,7 @@ TEST_F(Fields, RawBytesAreCutByTheEnd) {
 // A raw block of no bytes can be read anywhere.
 TEST_F(Fields, NoRawBytesAreNeverMissing) {
   Record({});
-  RecordFields fields;
+  BodyFields fields;
   fields.Byte();
   u8 raw[1] = {7};
   fields.Raw(raw, 0);

@@ -4,13 +4,14 @@
 // reader keeps it in the context. Bytes behind the record's end are 0.
 #pragma once
 
+#include <cstddef>
 #include <cstring>
 
-#include "api/context.h"
+#include "fields/byte_reader.h"
 
 namespace qvslm {
 
-class RecordFields {
+class BodyFields {
  public:
   // The bytes of the next field, kLongestField at most.
   static constexpr std::ptrdiff_t kLongestField = 8;
@@ -24,10 +25,7 @@ class RecordFields {
   }
 
   u8 Byte() { return *Take(1); }
-  u16 Word() {
-    const u8* const bytes = Take(2);
-    return static_cast<u16>(bytes[0] * 256 + bytes[1]);
-  }
+  u16 Word() { return static_cast<u16>(WordOf(Take(2))); }
 
   // Copies bytes as they stand.
   void Raw(u8* target, u32 count) {
