@@ -2,6 +2,7 @@
 // fetching the owner overwrites RecordBuffer, the tables are converted first.
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 
 #include "fields/byte_reader.h"
@@ -38,7 +39,8 @@ const u8* BodyAt(i32 offset) {
 void ConvertBands(f32 (&bands)[34], i32 offset) {
   const u8* const first = BodyAt(offset);
   i32 const there = std::min(static_cast<i32>(std::size(bands)), offset / 2 + 1);
-  for (i32 band = 0; band < there; ++band) bands[band] = BandLevel(first - 2 * band);
+  for (i32 band = 0; band < there; ++band)
+    bands[band] = BandLevel(first - std::ptrdiff_t{2} * band);
 }
 
 // An owner that is not found is no failure of the translation.

@@ -112,10 +112,10 @@ class StreamCall {
     constexpr bool kBoth = kTwoBytes && kSecondLevels;
     using OneOrTwoBytes = std::conditional_t<kTwoBytes || kSecondLevels, u16, u8>;
     using Bytes = std::conditional_t<kBoth, u32, OneOrTwoBytes>;
-    constexpr i32 kSize = sizeof(Bytes);
+    constexpr std::ptrdiff_t kSize = sizeof(Bytes);
     // Each entry takes so many bytes, marker or sample, and less than a record's worth of them has
     // been taken from the block before.
-    static_assert(2 * kEntriesPerRecord * kSize <= i32{kStreamBlock});
+    static_assert(2 * kEntriesPerRecord * kSize <= std::ptrdiff_t{kStreamBlock});
     StreamLevels const levels = levels_;
     f32 first[kEntriesPerRecord];
     f32 second[kEntriesPerRecord];
@@ -123,7 +123,7 @@ class StreamCall {
     u32 notAbove0 = 0;
     for (i32 at = 0; at < kEntriesPerRecord; ++at) {
       Bytes sample;
-      std::memcpy(&sample, next_ + at * kSize, kSize);
+      std::memcpy(&sample, next_ + at * kSize, sizeof sample);
       u32 const hi = ByteOf(sample, 0);
       noSample |= hi | (hi - 1);
       first[at] = levels.FirstOfSample<f32>(hi, kTwoBytes ? ByteOf(sample, 1) : 0);
