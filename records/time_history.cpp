@@ -115,7 +115,7 @@ class StreamCall {
     constexpr std::ptrdiff_t kSize = sizeof(Bytes);
     // Each entry takes so many bytes, marker or sample, and less than a record's worth of them has
     // been taken from the block before.
-    static_assert(2 * kEntriesPerRecord * kSize <= std::ptrdiff_t{kStreamBlock});
+    static_assert(kSize * 2 * kEntriesPerRecord <= std::ptrdiff_t{kStreamBlock});
     StreamLevels const levels = levels_;
     f32 first[kEntriesPerRecord];
     f32 second[kEntriesPerRecord];
