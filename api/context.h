@@ -10,8 +10,8 @@
 #include <cstdio>
 #include <type_traits>
 
-#include "api/qvslm_records.h"
-#include "api/qvslmtranslate.h"
+#include "qvslm_records.h"
+#include "qvslmtranslate.h"
 
 namespace qvslm {
 

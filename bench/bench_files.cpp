@@ -1,4 +1,4 @@
-#include "bench/bench_files.h"
+#include "bench_files.h"
 
 #include <cstdlib>
 #include <filesystem>

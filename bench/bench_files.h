@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "samples/bulk_files.h"
+#include "bulk_files.h"
 
 namespace bench {
 

@@ -2,7 +2,7 @@
 #include <cstdio>
 #include <exception>
 
-#include "bench/measure.h"
+#include "measure.h"
 
 int main(int argc, char** argv) try {
   benchmark::Initialize(&argc, argv);

@@ -15,8 +15,8 @@
 #include <string_view>
 #include <vector>
 
-#include "api/qvslmtranslate.h"
-#include "samples/bulk_files.h"
+#include "bulk_files.h"
+#include "qvslmtranslate.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "bench/limit.h"
+#include "limit.h"
 
 #include <benchmark/benchmark.h>
 
@@ -9,8 +9,8 @@
 #include <memory>
 #include <stdexcept>
 
-#include "api/qvslm_records.h"
-#include "bench/bench_files.h"
+#include "bench_files.h"
+#include "qvslm_records.h"
 
 namespace bench {
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "bench/bench_files.h"
+#include "bench_files.h"
 
 namespace bench {
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "bench/measure.h"
+#include "measure.h"
 
 namespace bench {
 

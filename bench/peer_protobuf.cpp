@@ -8,7 +8,7 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "bench/measure.h"
+#include "measure.h"
 #include "peer_messages.pb.h"
 
 namespace bench {

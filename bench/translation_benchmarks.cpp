@@ -1,9 +1,9 @@
 // Census and translation beside their yardsticks: families one by one, years of intervals, mixed
 // files of three sizes, and the zones.
 
-#include "bench/limit.h"
-#include "bench/measure.h"
-#include "bench/whole_walk.h"
+#include "limit.h"
+#include "measure.h"
+#include "whole_walk.h"
 
 namespace bench {
 

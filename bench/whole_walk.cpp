@@ -1,11 +1,11 @@
-#include "bench/whole_walk.h"
+#include "whole_walk.h"
 
 #include <array>
 #include <cstring>
 #include <stdexcept>
 #include <vector>
 
-#include "api/qvslmtranslate.h"
+#include "qvslmtranslate.h"
 #include "record_table.h"
 
 namespace bench {

@@ -6,7 +6,7 @@ if(NOT QVSLM_INSTALL)
 endif()
 
 install(TARGETS QVSLMTRANSLATE EXPORT QVSLMTRANSLATETargets)
-install(FILES api/qvslmtranslate.h api/qvslm_records.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(FILES api/include/qvslmtranslate.h api/include/qvslm_records.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
 if(TARGET qvslm)
   # The host finds the library beside it wherever the tree is moved to.

@@ -1,7 +1,8 @@
 # The library in two forms from one set of objects: the shared library with its twelve names, and a
 # static archive through which tests reach what no export reaches.
 add_library(qvslm_objects OBJECT ${LIBRARY_SOURCES})
-target_include_directories(qvslm_objects PRIVATE ${PROJECT_SOURCE_DIR})
+set(public_headers ${PROJECT_SOURCE_DIR}/api/include)
+target_include_directories(qvslm_objects PRIVATE ${PROJECT_SOURCE_DIR} ${public_headers})
 target_compile_definitions(qvslm_objects PRIVATE QVSLMTRANSLATE_BUILD)
 set_target_properties(qvslm_objects PROPERTIES CXX_VISIBILITY_PRESET hidden
                                                VISIBILITY_INLINES_HIDDEN ON)
@@ -11,8 +12,7 @@ add_library(QVSLMTRANSLATE::QVSLMTRANSLATE ALIAS QVSLMTRANSLATE)
 set_target_properties(QVSLMTRANSLATE PROPERTIES VERSION ${PROJECT_VERSION}
                                                 SOVERSION ${PROJECT_VERSION_MAJOR})
 target_include_directories(QVSLMTRANSLATE INTERFACE
-  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/api>
-  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+  $<BUILD_INTERFACE:${public_headers}>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
   set(exports ${PROJECT_SOURCE_DIR}/cmake/exports.map)
@@ -27,4 +27,4 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
 endif()
 
 add_library(qvslm_internals STATIC EXCLUDE_FROM_ALL $<TARGET_OBJECTS:qvslm_objects>)
-target_include_directories(qvslm_internals INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/api)
+target_include_directories(qvslm_internals INTERFACE ${PROJECT_SOURCE_DIR} ${public_headers})

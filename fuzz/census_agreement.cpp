@@ -1,9 +1,9 @@
-#include "fuzz/census_agreement.h"
+#include "census_agreement.h"
 
 #include <algorithm>
 #include <initializer_list>
 
-#include "fuzz/oracles.h"
+#include "oracles.h"
 
 namespace fuzz {
 

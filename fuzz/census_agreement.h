@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <span>
 
-#include "fuzz/census_run.h"
-#include "fuzz/translation_run.h"
+#include "census_run.h"
+#include "translation_run.h"
 
 namespace fuzz {
 

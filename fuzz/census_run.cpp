@@ -1,10 +1,10 @@
-#include "fuzz/census_run.h"
+#include "census_run.h"
 
 #include <array>
 #include <numeric>
 
-#include "fuzz/oracles.h"
-#include "fuzz/work_bound.h"
+#include "oracles.h"
+#include "work_bound.h"
 
 namespace fuzz {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "api/qvslmtranslate.h"
+#include "qvslmtranslate.h"
 
 namespace fuzz {
 

@@ -1,4 +1,4 @@
-#include "fuzz/file_parts.h"
+#include "file_parts.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 // The census alone.
 
-#include "fuzz/census_run.h"
-#include "fuzz/fuzzed_file.h"
-#include "fuzz/oracles.h"
+#include "census_run.h"
+#include "fuzzed_file.h"
+#include "oracles.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 

@@ -2,9 +2,9 @@
 
 #include <cstring>
 
-#include "fuzz/fuzzed_file.h"
-#include "fuzz/oracles.h"
-#include "fuzz/work_bound.h"
+#include "fuzzed_file.h"
+#include "oracles.h"
+#include "work_bound.h"
 
 namespace {
 

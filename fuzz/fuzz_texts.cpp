@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "fuzz/oracles.h"
+#include "oracles.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // A whole translation without a census before it.
 
-#include "fuzz/fuzzed_file.h"
-#include "fuzz/oracles.h"
-#include "fuzz/shifted_file.h"
-#include "fuzz/translation_run.h"
+#include "fuzzed_file.h"
+#include "oracles.h"
+#include "shifted_file.h"
+#include "translation_run.h"
 
 namespace {
 

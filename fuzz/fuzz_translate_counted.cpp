@@ -1,10 +1,10 @@
 // A census, and then a whole translation, held against each other.
 
-#include "fuzz/census_agreement.h"
-#include "fuzz/census_run.h"
-#include "fuzz/fuzzed_file.h"
-#include "fuzz/oracles.h"
-#include "fuzz/translation_run.h"
+#include "census_agreement.h"
+#include "census_run.h"
+#include "fuzzed_file.h"
+#include "oracles.h"
+#include "translation_run.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/support/memory_file.h"
+#include "support/memory_file.h"
 
 namespace fuzz {
 

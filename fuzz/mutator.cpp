@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "fuzz/part_mutations.h"
+#include "part_mutations.h"
 
 extern "C" {
 

@@ -1,4 +1,4 @@
-#include "fuzz/oracles.h"
+#include "oracles.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -7,8 +7,8 @@
 #include <cstring>
 #include <initializer_list>
 
-#include "api/qvslmtranslate.h"
-#include "tests/support/guarded_buffer.h"
+#include "qvslmtranslate.h"
+#include "support/guarded_buffer.h"
 
 namespace fuzz {
 

@@ -1,4 +1,4 @@
-#include "fuzz/part_makers.h"
+#include "part_makers.h"
 
 #include <cstdio>
 

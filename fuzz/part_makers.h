@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "fuzz/file_parts.h"
-#include "fuzz/part_mutations.h"
+#include "file_parts.h"
+#include "part_mutations.h"
 
 namespace fuzz {
 

@@ -1,11 +1,11 @@
-#include "fuzz/part_mutations.h"
+#include "part_mutations.h"
 
 #include <algorithm>
 #include <iterator>
 #include <string>
 #include <utility>
 
-#include "fuzz/part_makers.h"
+#include "part_makers.h"
 
 // The fuzzer's own mutation of bytes, in place.
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <random>
 
-#include "fuzz/file_parts.h"
+#include "file_parts.h"
 
 namespace fuzz {
 

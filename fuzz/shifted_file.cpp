@@ -1,9 +1,9 @@
-#include "fuzz/shifted_file.h"
+#include "shifted_file.h"
 
 #include <algorithm>
 #include <numeric>
 
-#include "fuzz/file_parts.h"
+#include "file_parts.h"
 
 namespace fuzz {
 

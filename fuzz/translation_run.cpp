@@ -1,10 +1,10 @@
-#include "fuzz/translation_run.h"
+#include "translation_run.h"
 
 #include <cstring>
 #include <utility>
 
-#include "fuzz/oracles.h"
-#include "fuzz/work_bound.h"
+#include "oracles.h"
+#include "work_bound.h"
 
 namespace fuzz {
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "api/qvslmtranslate.h"
+#include "qvslmtranslate.h"
 
 namespace fuzz {
 

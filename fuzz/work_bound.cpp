@@ -1,4 +1,4 @@
-#include "fuzz/work_bound.h"
+#include "work_bound.h"
 
 #include <cstdio>
 #include <ctime>

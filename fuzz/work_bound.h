@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "fuzz/oracles.h"
+#include "oracles.h"
 
 namespace fuzz {
 

@@ -1,7 +1,7 @@
-#include "samples/band_samples.h"
-#include "samples/general_samples.h"
-#include "samples/model431_samples.h"
-#include "samples/model442_samples.h"
+#include "band_samples.h"
+#include "general_samples.h"
+#include "model431_samples.h"
+#include "model442_samples.h"
 
 namespace samples {
 

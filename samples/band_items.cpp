@@ -1,7 +1,7 @@
-#include "samples/band_items.h"
+#include "band_items.h"
 
-#include "samples/general_items.h"
-#include "samples/sound.h"
+#include "general_items.h"
+#include "sound.h"
 
 namespace samples {
 

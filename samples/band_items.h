@@ -5,7 +5,7 @@
 #include <array>
 #include <vector>
 
-#include "samples/sample_builder.h"
+#include "sample_builder.h"
 
 namespace samples {
 

@@ -1,8 +1,8 @@
-#include "samples/band_samples.h"
+#include "band_samples.h"
 
-#include "samples/setup_items.h"
-#include "samples/sound.h"
-#include "samples/station.h"
+#include "setup_items.h"
+#include "sound.h"
+#include "station.h"
 
 namespace samples {
 

@@ -2,7 +2,7 @@
 // night in which the clocks change.
 #pragma once
 
-#include "samples/sample.h"
+#include "sample.h"
 
 namespace samples {
 

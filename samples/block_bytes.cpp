@@ -1,4 +1,4 @@
-#include "samples/block_bytes.h"
+#include "block_bytes.h"
 
 #include <cstdio>
 

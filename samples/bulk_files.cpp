@@ -1,12 +1,12 @@
-#include "samples/bulk_files.h"
+#include "bulk_files.h"
 
 #include <algorithm>
 #include <fstream>
 #include <stdexcept>
 
-#include "samples/setup_items.h"
-#include "samples/sound.h"
-#include "samples/station.h"
+#include "setup_items.h"
+#include "sound.h"
+#include "station.h"
 
 namespace samples {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "samples/clock.h"
+#include "clock.h"
 
 namespace samples {
 

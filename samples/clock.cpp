@@ -1,4 +1,4 @@
-#include "samples/clock.h"
+#include "clock.h"
 
 #include <chrono>
 #include <cstdio>

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "samples/data_file_writer.h"
+#include "data_file_writer.h"
 
 namespace samples {
 

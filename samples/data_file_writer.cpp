@@ -1,4 +1,4 @@
-#include "samples/data_file_writer.h"
+#include "data_file_writer.h"
 
 #include <cmath>
 #include <cstdio>

@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "samples/general_items.h"
+#include "general_items.h"
 
 namespace samples {
 

@@ -1,4 +1,4 @@
-#include "samples/general_items.h"
+#include "general_items.h"
 
 #include <cmath>
 

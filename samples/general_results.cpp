@@ -1,4 +1,4 @@
-#include "samples/results_lines.h"
+#include "results_lines.h"
 
 namespace samples {
 

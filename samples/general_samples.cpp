@@ -1,7 +1,7 @@
-#include "samples/general_samples.h"
+#include "general_samples.h"
 
-#include "samples/sound.h"
-#include "samples/station.h"
+#include "sound.h"
+#include "station.h"
 
 namespace samples {
 

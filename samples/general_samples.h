@@ -1,7 +1,7 @@
 // Samples of model 486 and its relatives.
 #pragma once
 
-#include "samples/sample.h"
+#include "sample.h"
 
 namespace samples {
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "samples/bulk_files.h"
-#include "samples/sample.h"
+#include "bulk_files.h"
+#include "sample.h"
 
 namespace {
 

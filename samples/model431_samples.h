@@ -1,7 +1,7 @@
 // Samples of model 431, one for each of its modes.
 #pragma once
 
-#include "samples/sample.h"
+#include "sample.h"
 
 namespace samples {
 

@@ -1,7 +1,7 @@
 #include <cmath>
 
-#include "samples/results_lines.h"
-#include "samples/sound.h"
+#include "results_lines.h"
+#include "sound.h"
 
 namespace samples {
 

@@ -1,8 +1,8 @@
-#include "samples/model442_samples.h"
+#include "model442_samples.h"
 
-#include "samples/setup_items.h"
-#include "samples/sound.h"
-#include "samples/station.h"
+#include "setup_items.h"
+#include "sound.h"
+#include "station.h"
 
 namespace samples {
 

@@ -1,7 +1,7 @@
 // Samples of model 442, one for each of its modes that write records of their own.
 #pragma once
 
-#include "samples/sample.h"
+#include "sample.h"
 
 namespace samples {
 

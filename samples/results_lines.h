@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "samples/sample_results.h"
+#include "sample_results.h"
 
 namespace samples {
 

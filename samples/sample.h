@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "api/qvslmtranslate.h"
-#include "samples/data_file_writer.h"
+#include "data_file_writer.h"
+#include "qvslmtranslate.h"
 
 namespace samples {
 

@@ -1,4 +1,4 @@
-#include "samples/sample_builder.h"
+#include "sample_builder.h"
 
 #include <algorithm>
 #include <cmath>

@@ -12,9 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "samples/clock.h"
-#include "samples/data_file_writer.h"
-#include "samples/sample.h"
+#include "clock.h"
+#include "data_file_writer.h"
+#include "sample.h"
 
 namespace samples {
 

@@ -2,7 +2,7 @@
 // register. Every register that the model knows is written.
 #pragma once
 
-#include "samples/sample_settings.h"
+#include "sample_settings.h"
 
 namespace samples {
 

@@ -1,4 +1,4 @@
-#include "samples/sample_settings.h"
+#include "sample_settings.h"
 
 #include <cstdio>
 

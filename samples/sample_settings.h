@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <string>
 
-#include "samples/sample_builder.h"
+#include "sample_builder.h"
 
 namespace samples {
 

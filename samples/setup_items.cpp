@@ -1,6 +1,6 @@
-#include "samples/setup_items.h"
+#include "setup_items.h"
 
-#include "samples/setup_records.h"
+#include "setup_records.h"
 
 namespace samples {
 

@@ -2,7 +2,7 @@
 // in which every byte has its position.
 #pragma once
 
-#include "samples/sample_builder.h"
+#include "sample_builder.h"
 
 namespace samples {
 

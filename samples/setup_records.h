@@ -2,7 +2,7 @@
 // share are filled already. The instruments of the samples have firmware above 2.01.
 #pragma once
 
-#include "samples/block_bytes.h"
+#include "block_bytes.h"
 
 namespace samples {
 

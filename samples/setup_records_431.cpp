@@ -1,4 +1,4 @@
-#include "samples/setup_records.h"
+#include "setup_records.h"
 
 namespace samples {
 

@@ -1,6 +1,6 @@
-#include "samples/site_items.h"
+#include "site_items.h"
 
-#include "samples/block_bytes.h"
+#include "block_bytes.h"
 
 namespace samples {
 

@@ -1,7 +1,7 @@
 // Reference items 'C' and site items 'S' of the models 431 and 442.
 #pragma once
 
-#include "samples/sample_builder.h"
+#include "sample_builder.h"
 
 namespace samples {
 

@@ -1,4 +1,4 @@
-#include "samples/sound.h"
+#include "sound.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "samples/clock.h"
+#include "clock.h"
 
 namespace samples {
 

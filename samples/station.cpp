@@ -1,6 +1,6 @@
-#include "samples/station.h"
+#include "station.h"
 
-#include "samples/sound.h"
+#include "sound.h"
 
 namespace samples {
 

@@ -1,12 +1,12 @@
 // A noise monitoring station at a street: what its samples have in common.
 #pragma once
 
-#include "samples/band_items.h"
-#include "samples/general_items.h"
-#include "samples/sample_results.h"
-#include "samples/site_items.h"
-#include "samples/stream_items.h"
-#include "samples/summary_items.h"
+#include "band_items.h"
+#include "general_items.h"
+#include "sample_results.h"
+#include "site_items.h"
+#include "stream_items.h"
+#include "summary_items.h"
 
 namespace samples {
 

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "samples/sample_builder.h"
+#include "sample_builder.h"
 
 namespace samples {
 

@@ -1,4 +1,4 @@
-#include "samples/summary_items.h"
+#include "summary_items.h"
 
 #include <cmath>
 

@@ -4,7 +4,7 @@
 #include <array>
 #include <vector>
 
-#include "samples/general_items.h"
+#include "general_items.h"
 
 namespace samples {
 

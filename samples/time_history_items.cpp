@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "samples/stream_items.h"
+#include "stream_items.h"
 
 namespace samples {
 

@@ -54,7 +54,7 @@ void WriteIndex(const std::vector<Record>& records, const std::map<int, std::str
 void WriteList(const std::vector<Record>& records, const std::map<int, std::string>& codes,
                std::ostream& out) {
   out << "# Records\n\n"
-         "<!-- Written by tools/field_table from api/qvslm_records.h; "
+         "<!-- Written by tools/field_table from api/include/qvslm_records.h; "
          "`cmake --build BUILD --target update_records_list` writes it anew. -->\n\n"
          "Every record that the library delivers, field by field. The struct of a record is its "
          "name behind `Qv`.\nThe meaning of a field begins with what it holds: `level` (decibels, "

@@ -1,5 +1,5 @@
 // What the field table tells of the records: one RecordInfo for each struct of
-// api/qvslm_records.h, one FieldInfo for each of its fields.
+// api/include/qvslm_records.h, one FieldInfo for each of its fields.
 //
 // The tables themselves are written by field_table into record_table.h in the build tree:
 //

@@ -1,4 +1,4 @@
-// Reads the structs of api/qvslm_records.h and the type codes of api/qvslmtranslate.h.
+// Reads the structs of api/include/qvslm_records.h and the type codes of api/include/qvslmtranslate.h.
 #pragma once
 
 #include <map>

@@ -37,7 +37,7 @@ std::string Quoted(const std::string& text) {
 }  // namespace
 
 void WriteTable(const std::vector<Record>& records, std::ostream& out) {
-  out << "// Written by field_table from api/qvslm_records.h.\n"
+  out << "// Written by field_table from api/include/qvslm_records.h.\n"
          "#pragma once\n\n"
          "#include \"record_info.h\"\n\n"
          "namespace record_fields {\n\n";

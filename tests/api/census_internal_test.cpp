@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "api/context.h"
-#include "tests/support/stamped_items.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
+#include "support/stamped_items.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
 
 namespace {
 

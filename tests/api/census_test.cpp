@@ -1,5 +1,5 @@
 // The census: each of its counts, in each model and mode.
-#include "tests/support/census.h"
+#include "support/census.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/stamped_items.h"
-#include "tests/support/translation.h"
+#include "support/stamped_items.h"
+#include "support/translation.h"
 
 namespace {
 

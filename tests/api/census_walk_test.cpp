@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/census.h"
-#include "tests/support/guarded_buffer.h"
-#include "tests/support/stamped_items.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
+#include "support/census.h"
+#include "support/guarded_buffer.h"
+#include "support/stamped_items.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "api/context.h"
-#include "tests/support/guarded_buffer.h"
+#include "support/guarded_buffer.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 #include <cstring>
 #include <string>
 
-#include "tests/support/steps.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/translation.h"
+#include "support/steps.h"
+#include "support/temp_folder.h"
+#include "support/translation.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "api/context.h"
-#include "tests/support/sparse_file.h"
-#include "tests/support/translation.h"
+#include "support/sparse_file.h"
+#include "support/translation.h"
 
 namespace test {
 namespace {

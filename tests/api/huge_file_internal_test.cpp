@@ -7,8 +7,8 @@
 #include <string>
 
 #include "api/context.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
 
 namespace {
 

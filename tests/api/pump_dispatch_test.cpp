@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/steps.h"
-#include "tests/support/translation.h"
+#include "support/steps.h"
+#include "support/translation.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 #include <fstream>
 #include <string>
 
-#include "tests/support/open_files.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/translation.h"
+#include "support/open_files.h"
+#include "support/temp_file.h"
+#include "support/temp_folder.h"
+#include "support/translation.h"
 
 namespace {
 

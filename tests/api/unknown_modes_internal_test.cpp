@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "api/context.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
 
 namespace test {
 namespace {

@@ -1,7 +1,7 @@
 // What the library says about itself, and what it does before it has been given any context.
 #include <gtest/gtest.h>
 
-#include "api/qvslmtranslate.h"
+#include "qvslmtranslate.h"
 
 namespace {
 

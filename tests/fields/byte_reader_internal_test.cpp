@@ -7,7 +7,7 @@
 
 #include "fields/byte_reader.h"
 #include "fields/data_file.h"
-#include "tests/support/temp_file.h"
+#include "support/temp_file.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "tests/support/scoped_zone.h"
-#include "tests/support/translation.h"
+#include "support/scoped_zone.h"
+#include "support/translation.h"
 
 namespace test {
 namespace {

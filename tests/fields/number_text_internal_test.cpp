@@ -7,8 +7,8 @@
 
 #include "fields/calendar.h"
 #include "fields/number_text.h"
-#include "tests/support/guarded_buffer.h"
-#include "tests/support/scoped_zone.h"
+#include "support/guarded_buffer.h"
+#include "support/scoped_zone.h"
 
 namespace {
 

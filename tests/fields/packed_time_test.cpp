@@ -1,10 +1,10 @@
 // Packed decimal dates and times, as the time-stamped items 4 and 5 deliver them.
 #include <gtest/gtest.h>
 
-#include "tests/support/scoped_zone.h"
-#include "tests/support/stamped_items.h"
-#include "tests/support/translation.h"
-#include "tests/support/utc.h"
+#include "support/scoped_zone.h"
+#include "support/stamped_items.h"
+#include "support/translation.h"
+#include "support/utc.h"
 
 namespace {
 

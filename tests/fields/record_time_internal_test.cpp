@@ -4,8 +4,8 @@
 #include <limits>
 
 #include "fields/record_time.h"
-#include "tests/support/scoped_zone.h"
-#include "tests/support/utc.h"
+#include "support/scoped_zone.h"
+#include "support/utc.h"
 
 namespace {
 

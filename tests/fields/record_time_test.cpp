@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/scoped_zone.h"
-#include "tests/support/stamped_items.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
-#include "tests/support/utc.h"
+#include "support/scoped_zone.h"
+#include "support/stamped_items.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
+#include "support/utc.h"
 
 namespace {
 

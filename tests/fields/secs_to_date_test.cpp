@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "api/qvslmtranslate.h"
-#include "tests/support/guarded_buffer.h"
-#include "tests/support/scoped_zone.h"
+#include "qvslmtranslate.h"
+#include "support/guarded_buffer.h"
+#include "support/scoped_zone.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "tests/support/translation.h"
+#include "support/translation.h"
 
 namespace {
 

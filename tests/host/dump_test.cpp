@@ -2,9 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/qvslm_process.h"
 #include "record_table.h"
-#include "tests/host/qvslm_process.h"
-#include "tests/support/translation.h"
+#include "support/translation.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "tests/host/qvslm_process.h"
-#include "tests/support/translation.h"
+#include "host/qvslm_process.h"
+#include "support/translation.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/host/qvslm_process.h"
-#include "tests/support/translation.h"
+#include "host/qvslm_process.h"
+#include "support/translation.h"
 
 namespace {
 

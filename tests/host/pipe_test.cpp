@@ -5,8 +5,8 @@
 
 #include <filesystem>
 
-#include "tests/host/qvslm_process.h"
-#include "tests/support/translation.h"
+#include "host/qvslm_process.h"
+#include "support/translation.h"
 
 namespace {
 

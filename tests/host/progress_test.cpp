@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <pty.h>
 
-#include "tests/host/qvslm_process.h"
-#include "tests/support/translation.h"
+#include "host/qvslm_process.h"
+#include "support/translation.h"
 
 namespace {
 

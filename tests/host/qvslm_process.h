@@ -16,7 +16,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/temp_file.h"
+#include "support/temp_file.h"
 
 namespace test {
 

@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "tests/host/qvslm_process.h"
+#include "host/qvslm_process.h"
 
 namespace {
 

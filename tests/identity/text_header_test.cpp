@@ -4,9 +4,9 @@
 #include <cstring>
 #include <string>
 
-#include "tests/support/open_files.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
+#include "support/open_files.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 // Item 2 of model 442 in mode 4: type 72.
 #include <gtest/gtest.h>
 
-#include "tests/support/autumn_run.h"
-#include "tests/support/item_bodies.h"
-#include "tests/support/record_image.h"
-#include "tests/support/scoped_zone.h"
-#include "tests/support/setup_block.h"
-#include "tests/support/translation.h"
+#include "support/autumn_run.h"
+#include "support/item_bodies.h"
+#include "support/record_image.h"
+#include "support/scoped_zone.h"
+#include "support/setup_block.h"
+#include "support/translation.h"
 
 namespace test {
 namespace {

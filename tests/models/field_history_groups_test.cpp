@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "tests/support/record_image.h"
-#include "tests/support/setup_block.h"
-#include "tests/support/translation.h"
+#include "support/record_image.h"
+#include "support/setup_block.h"
+#include "support/translation.h"
 
 namespace test {
 namespace {

@@ -3,13 +3,13 @@
 
 #include <string>
 
-#include "tests/support/autumn_run.h"
-#include "tests/support/item_bodies.h"
-#include "tests/support/record_image.h"
-#include "tests/support/scoped_zone.h"
-#include "tests/support/setup_block.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
+#include "support/autumn_run.h"
+#include "support/item_bodies.h"
+#include "support/record_image.h"
+#include "support/scoped_zone.h"
+#include "support/setup_block.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
 
 namespace test {
 namespace {

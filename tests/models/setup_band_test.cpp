@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/support/setup_block.h"
+#include "support/setup_block.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // What setups leave for the records that only model 442 has, or that need the flags of position 41.
 #include <gtest/gtest.h>
 
-#include "tests/support/kept_settings.h"
+#include "support/kept_settings.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 
 #include <optional>
 
-#include "tests/support/kept_settings.h"
-#include "tests/support/temp_file.h"
+#include "support/kept_settings.h"
+#include "support/temp_file.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "tests/support/setup_block.h"
-#include "tests/support/temp_file.h"
+#include "support/setup_block.h"
+#include "support/temp_file.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // The 'S' items: type 36 of model 431, type 54 of every other model.
 #include <gtest/gtest.h>
 
-#include "tests/support/item_bodies.h"
-#include "tests/support/record_image.h"
-#include "tests/support/setup_block.h"
-#include "tests/support/steps.h"
-#include "tests/support/translation.h"
+#include "support/item_bodies.h"
+#include "support/record_image.h"
+#include "support/setup_block.h"
+#include "support/steps.h"
+#include "support/translation.h"
 
 namespace test {
 namespace {

@@ -1,11 +1,11 @@
 // The blocks of list item 21.
 #include <gtest/gtest.h>
 
-#include "tests/support/item_bodies.h"
-#include "tests/support/record_image.h"
-#include "tests/support/steps.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
+#include "support/item_bodies.h"
+#include "support/record_image.h"
+#include "support/steps.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
 
 namespace test {
 namespace {

@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/item_bodies.h"
-#include "tests/support/record_image.h"
-#include "tests/support/setup_block.h"
-#include "tests/support/translation.h"
+#include "support/item_bodies.h"
+#include "support/record_image.h"
+#include "support/setup_block.h"
+#include "support/translation.h"
 
 namespace {
 

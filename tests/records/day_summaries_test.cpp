@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/block_lines.h"
-#include "tests/support/day_summary_parts.h"
-#include "tests/support/record_image.h"
-#include "tests/support/setup_block.h"
-#include "tests/support/translation.h"
+#include "support/block_lines.h"
+#include "support/day_summary_parts.h"
+#include "support/record_image.h"
+#include "support/setup_block.h"
+#include "support/translation.h"
 
 namespace {
 

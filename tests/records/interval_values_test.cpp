@@ -4,12 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/block_lines.h"
-#include "tests/support/interval_body.h"
-#include "tests/support/record_image.h"
-#include "tests/support/setup_block.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
+#include "support/block_lines.h"
+#include "support/interval_body.h"
+#include "support/record_image.h"
+#include "support/setup_block.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
 
 namespace {
 

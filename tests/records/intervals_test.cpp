@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/block_lines.h"
-#include "tests/support/interval_body.h"
-#include "tests/support/record_image.h"
-#include "tests/support/translation.h"
+#include "support/block_lines.h"
+#include "support/interval_body.h"
+#include "support/record_image.h"
+#include "support/translation.h"
 
 namespace {
 

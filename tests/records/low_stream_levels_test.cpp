@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "tests/support/translation.h"
+#include "support/translation.h"
 
 namespace test {
 namespace {

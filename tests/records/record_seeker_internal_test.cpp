@@ -6,8 +6,8 @@
 
 #include "api/context.h"
 #include "records/record_seeker.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
 
 namespace test {
 namespace {

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/stamped_items.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
-#include "tests/support/utc.h"
+#include "support/stamped_items.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
+#include "support/utc.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 
 #include <vector>
 
-#include "tests/support/stamped_items.h"
-#include "tests/support/translation.h"
-#include "tests/support/utc.h"
+#include "support/stamped_items.h"
+#include "support/translation.h"
+#include "support/utc.h"
 
 namespace {
 

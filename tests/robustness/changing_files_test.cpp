@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "tests/robustness/promised_statuses.h"
-#include "tests/support/open_files.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/translation.h"
+#include "robustness/promised_statuses.h"
+#include "support/open_files.h"
+#include "support/temp_file.h"
+#include "support/temp_folder.h"
+#include "support/translation.h"
 
 namespace test {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/robustness/counted_calls.h"
+#include "robustness/counted_calls.h"
 
 #include <cstdarg>
 #include <cstdio>

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "tests/robustness/damage_check.h"
-#include "tests/robustness/every_sample.h"
-#include "tests/samples/sample_check.h"
+#include "robustness/damage_check.h"
+#include "robustness/every_sample.h"
+#include "samples/sample_check.h"
 
 namespace test {
 namespace {

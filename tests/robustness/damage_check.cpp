@@ -1,4 +1,4 @@
-#include "tests/robustness/damage_check.h"
+#include "robustness/damage_check.h"
 
 #include <algorithm>
 #include <cstring>
@@ -9,7 +9,7 @@
 #include <stdexcept>
 
 #include "record_table.h"
-#include "tests/robustness/promised_statuses.h"
+#include "robustness/promised_statuses.h"
 
 namespace test {
 

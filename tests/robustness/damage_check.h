@@ -25,9 +25,9 @@
 #include <vector>
 
 #include "api/context.h"
-#include "tests/support/guarded_buffer.h"
-#include "tests/support/memory_file.h"
-#include "tests/support/translation.h"
+#include "support/guarded_buffer.h"
+#include "support/memory_file.h"
+#include "support/translation.h"
 
 namespace test {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "samples/sample.h"
+#include "sample.h"
 
 namespace test {
 

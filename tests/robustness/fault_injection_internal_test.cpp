@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "samples/bulk_files.h"
-#include "tests/robustness/faulty_calls.h"
-#include "tests/robustness/watched_host.h"
-#include "tests/samples/sample_check.h"
-#include "tests/support/temp_file.h"
+#include "bulk_files.h"
+#include "robustness/faulty_calls.h"
+#include "robustness/watched_host.h"
+#include "samples/sample_check.h"
+#include "support/temp_file.h"
 
 namespace test {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/robustness/faulty_calls.h"
+#include "robustness/faulty_calls.h"
 
 #include <array>
 #include <cerrno>

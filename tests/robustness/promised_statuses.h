@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <string_view>
 
-#include "api/qvslmtranslate.h"
+#include "qvslmtranslate.h"
 
 namespace test {
 

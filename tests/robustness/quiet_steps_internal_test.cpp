@@ -7,12 +7,12 @@
 #include <filesystem>
 #include <memory>
 
-#include "samples/bulk_files.h"
-#include "tests/robustness/counted_calls.h"
-#include "tests/robustness/faulty_calls.h"
-#include "tests/support/scoped_zone.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
+#include "bulk_files.h"
+#include "robustness/counted_calls.h"
+#include "robustness/faulty_calls.h"
+#include "support/scoped_zone.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
 
 namespace test {
 namespace {

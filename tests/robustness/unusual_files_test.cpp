@@ -9,11 +9,11 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/open_files.h"
-#include "tests/support/sparse_file.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/translation.h"
+#include "support/open_files.h"
+#include "support/sparse_file.h"
+#include "support/temp_file.h"
+#include "support/temp_folder.h"
+#include "support/translation.h"
 
 namespace test {
 namespace {

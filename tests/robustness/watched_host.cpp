@@ -1,12 +1,12 @@
-#include "tests/robustness/watched_host.h"
+#include "robustness/watched_host.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <filesystem>
 
-#include "tests/robustness/faulty_calls.h"
-#include "tests/support/guarded_buffer.h"
+#include "robustness/faulty_calls.h"
+#include "support/guarded_buffer.h"
 
 namespace test {
 

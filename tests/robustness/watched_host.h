@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "api/context.h"
-#include "tests/robustness/promised_statuses.h"
-#include "tests/support/translation.h"
+#include "robustness/promised_statuses.h"
+#include "support/translation.h"
 
 namespace test {
 

@@ -1,15 +1,15 @@
 // The large files for measurements of speed: of the size asked for, whole, and with the number of
 // records that was asked for.
-#include "samples/bulk_files.h"
+#include "bulk_files.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <filesystem>
 
-#include "samples/clock.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
+#include "clock.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
 
 namespace test {
 namespace {

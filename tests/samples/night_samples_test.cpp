@@ -5,9 +5,9 @@
 
 #include <initializer_list>
 
-#include "samples/clock.h"
-#include "tests/samples/sample_check.h"
-#include "tests/support/scoped_zone.h"
+#include "clock.h"
+#include "samples/sample_check.h"
+#include "support/scoped_zone.h"
 
 namespace test {
 namespace {

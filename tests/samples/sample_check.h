@@ -8,8 +8,8 @@
 #include <string>
 
 #include "record_table.h"
-#include "samples/sample.h"
-#include "tests/support/translation.h"
+#include "sample.h"
+#include "support/translation.h"
 
 namespace test {
 

@@ -3,7 +3,7 @@
 
 #include <numeric>
 
-#include "tests/samples/sample_check.h"
+#include "samples/sample_check.h"
 
 namespace test {
 namespace {

@@ -5,7 +5,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "tests/samples/sample_check.h"
+#include "samples/sample_check.h"
 
 namespace test {
 namespace {

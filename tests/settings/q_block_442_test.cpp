@@ -1,8 +1,8 @@
 // Registers that mean something else, or nothing, in settings blocks of model 442.
 #include <gtest/gtest.h>
 
-#include "tests/support/translation.h"
-#include "tests/support/utc.h"
+#include "support/translation.h"
+#include "support/utc.h"
 
 namespace test {
 namespace {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/block_lines.h"
-#include "tests/support/translation.h"
+#include "support/block_lines.h"
+#include "support/translation.h"
 
 namespace {
 

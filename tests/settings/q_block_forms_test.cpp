@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/block_lines.h"
-#include "tests/support/record_image.h"
-#include "tests/support/settings_block.h"
-#include "tests/support/translation.h"
+#include "support/block_lines.h"
+#include "support/record_image.h"
+#include "support/settings_block.h"
+#include "support/translation.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // The forms of single lines, and where a line of a results block of model 431 begins and ends.
 #include <gtest/gtest.h>
 
-#include "tests/support/record_image.h"
-#include "tests/support/temp_file.h"
+#include "support/record_image.h"
+#include "support/temp_file.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "tests/support/record_image.h"
+#include "support/record_image.h"
 
 namespace {
 

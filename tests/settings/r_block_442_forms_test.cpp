@@ -1,7 +1,7 @@
 // The forms of single lines of model 442's results block, and where its lines begin and end.
 #include <gtest/gtest.h>
 
-#include "tests/support/record_image.h"
+#include "support/record_image.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include <set>
 
-#include "tests/support/results_rows.h"
+#include "support/results_rows.h"
 
 namespace {
 

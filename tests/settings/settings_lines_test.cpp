@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/block_lines.h"
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
+#include "support/block_lines.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 
 #include <cstdint>
 
-#include "samples/data_file_writer.h"
-#include "tests/support/item_bodies.h"
+#include "data_file_writer.h"
+#include "support/item_bodies.h"
 
 namespace test {
 

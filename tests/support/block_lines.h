@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "samples/data_file_writer.h"
+#include "data_file_writer.h"
 
 namespace test {
 

@@ -7,8 +7,8 @@
 #include <cstring>
 #include <vector>
 
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
 
 namespace test {
 

@@ -1,8 +1,8 @@
 // The parts of a day summary, and what they leave in the record.
 #pragma once
 
-#include "tests/support/record_image.h"
-#include "tests/support/translation.h"
+#include "support/record_image.h"
+#include "support/translation.h"
 
 namespace test::day {
 

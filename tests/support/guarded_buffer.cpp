@@ -1,4 +1,4 @@
-#include "tests/support/guarded_buffer.h"
+#include "support/guarded_buffer.h"
 
 #include <sys/mman.h>
 #include <unistd.h>

@@ -5,8 +5,8 @@
 
 #include <vector>
 
-#include "tests/support/record_image.h"
-#include "tests/support/translation.h"
+#include "support/record_image.h"
+#include "support/translation.h"
 
 namespace test {
 

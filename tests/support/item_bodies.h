@@ -1,7 +1,7 @@
 // Bodies of items that many tests use.
 #pragma once
 
-#include "samples/data_file_writer.h"
+#include "data_file_writer.h"
 
 namespace test {
 

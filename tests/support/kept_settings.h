@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/setup_block.h"
+#include "support/setup_block.h"
 
 namespace test {
 

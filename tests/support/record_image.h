@@ -14,7 +14,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/support/translation.h"
+#include "support/translation.h"
 
 namespace test {
 

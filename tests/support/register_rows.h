@@ -8,7 +8,7 @@
 #include <string_view>
 #include <variant>
 
-#include "tests/support/record_image.h"
+#include "support/record_image.h"
 
 namespace test {
 

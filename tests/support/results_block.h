@@ -5,9 +5,9 @@
 
 #include <vector>
 
-#include "tests/support/block_lines.h"
-#include "tests/support/record_image.h"
-#include "tests/support/translation.h"
+#include "support/block_lines.h"
+#include "support/record_image.h"
+#include "support/translation.h"
 
 namespace test {
 

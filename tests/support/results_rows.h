@@ -5,7 +5,7 @@
 #include <string_view>
 #include <variant>
 
-#include "tests/support/record_image.h"
+#include "support/record_image.h"
 
 namespace test {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/support/record_image.h"
+#include "support/record_image.h"
 
 namespace test {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/support/temp_file.h"
+#include "support/temp_file.h"
 
 namespace test {
 

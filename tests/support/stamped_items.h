@@ -1,7 +1,7 @@
 // Bodies of the items that carry a time, as short as they may be.
 #pragma once
 
-#include "samples/data_file_writer.h"
+#include "data_file_writer.h"
 
 namespace test {
 

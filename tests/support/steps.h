@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/temp_file.h"
-#include "tests/support/translation.h"
+#include "support/temp_file.h"
+#include "support/translation.h"
 
 namespace test {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "samples/data_file_writer.h"
+#include "data_file_writer.h"
 
 namespace test {
 

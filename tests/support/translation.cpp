@@ -1,6 +1,6 @@
-#include "tests/support/translation.h"
+#include "support/translation.h"
 
-#include "tests/support/temp_file.h"
+#include "support/temp_file.h"
 
 namespace test {
 

@@ -13,9 +13,9 @@
 #include <string_view>
 #include <vector>
 
-#include "api/qvslmtranslate.h"
-#include "samples/data_file_writer.h"
-#include "tests/support/guarded_buffer.h"
+#include "data_file_writer.h"
+#include "qvslmtranslate.h"
+#include "support/guarded_buffer.h"
 
 namespace test {
 

@@ -7,7 +7,7 @@
 #include <iterator>
 #include <string>
 
-#include "tests/support/temp_file.h"
+#include "support/temp_file.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <set>
 #include <string>
 
-#include "api/qvslmtranslate.h"
+#include "qvslmtranslate.h"
 #include "record_table.h"
 
 namespace {
@@ -159,7 +159,7 @@ TEST(RecordFields, TheListOfRecordsIsFresh) {
   std::string const written = Contents(RECORDS_LIST);
   EXPECT_GT(written.size(), 10000u);
   EXPECT_TRUE(Contents(SOURCE_ROOT "/docs/records.md") == written)
-      << "docs/records.md is older than api/qvslm_records.h";
+      << "docs/records.md is older than api/include/qvslm_records.h";
 }
 
 }  // namespace
