@@ -23,7 +23,7 @@ namespace {
 
 constexpr u16 kBlockBits[] = {0x40, 0x20, 0x10};
 
-bool IsModel442InMode(i16 mode) {
+bool IsModel442InMode(i32 mode) {
   return CurrentContext->Model == kModel442 && CurrentContext->Mode == mode;
 }
 
@@ -48,7 +48,7 @@ i32 WalkFamily(u32 type, u32& countInContext, u32& countInCensus) {
 
 void CountItem2(QvRecordCensus& census) {
   const TranslateContext& context = *CurrentContext;
-  i16 const mode = context.Mode;
+  i32 const mode = context.Mode;
   if (!IsModel431Or442() || mode == 2 || mode == 3) {
     ++census.Summaries;
   } else if (context.Model == kModel431) {

@@ -6,6 +6,7 @@
 // a parameter.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <type_traits>
@@ -42,9 +43,14 @@ struct AuxiliaryChannel {
 };
 
 struct TranslateContext {
-  // File and position. FileOffset is where the next item starts, or the next byte of a stream.
-  std::FILE* File;
+  // The head, which hosts read. FileOffset is where the next item starts, or the next byte of a
+  // stream; BytesMissing is how many bytes the step used that the file does not have.
   i32 FileOffset;
+  u32 BytesMissing;
+  i32 Mode;
+
+  // File.
+  std::FILE* File;
   u16 KeepFileOpen;
   char LineBuffer[81];
   char FilePath[260];
@@ -66,8 +72,7 @@ struct TranslateContext {
   i32 LastError;
   char ErrorText[16];
 
-  // Identity. SerialText and FileName stand in EndRecord.
-  i16 Mode;
+  // Identity. Mode stands in the head, SerialText and FileName in EndRecord.
   i16 Model;
   f32 FirmwareVersion;
   u16 FirmwareAbove09;
@@ -134,6 +139,9 @@ struct TranslateContext {
   i32 OtherEventTimes[kEventTimesKept];
 };
 
+static_assert(offsetof(TranslateContext, FileOffset) == offsetof(QvContextHead, FileOffset) &&
+              offsetof(TranslateContext, BytesMissing) == offsetof(QvContextHead, BytesMissing) &&
+              offsetof(TranslateContext, Mode) == offsetof(QvContextHead, Mode));
 static_assert(sizeof(TranslateContext) <= kContextSize);
 static_assert(alignof(TranslateContext) <= 8);
 static_assert(std::is_trivially_copyable_v<TranslateContext> &&
@@ -154,6 +162,11 @@ void RaiseError();
 
 // Sets ErrorCode, raises it, and returns it.
 i32 FailWith(i32 status);
+
+// Counts bytes that the step used and the file does not have.
+inline void NoteBytesMissing(std::size_t count) {
+  CurrentContext->BytesMissing += static_cast<u32>(count);
+}
 
 inline bool IsModel431Or442() {
   return CurrentContext->Model == kModel431 || CurrentContext->Model == kModel442;

@@ -23,7 +23,8 @@ i32 PassEndLines() {
   i32 const back = StepBackOneByte();
   if (back < 0) return back;
   ReadLine(context.LineBuffer, sizeof context.LineBuffer);
-  ReadLine(context.LineBuffer, sizeof context.LineBuffer);
+  LineRead const last = ReadLine(context.LineBuffer, sizeof context.LineBuffer);
+  if (!last.complete) NoteBytesMissing(1);
   return KeepFilePosition();
 }
 

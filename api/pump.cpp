@@ -152,7 +152,10 @@ i32 ListStep(u32 type) {
   if (context.StreamInProgress == 0) {
     NoteFirst(context.FirstOffset6);
     i32 const length = ReadFileByte();
-    if (length < 0) return QV_BAD_LENGTH;
+    if (length < 0) {
+      NoteBytesMissing(1);
+      return QV_BAD_LENGTH;
+    }
     context.RecordLength = static_cast<u32>(length);
     if (!AdvanceBy(2)) return FailWith(QV_SEEK_FAILED);
   }
@@ -244,6 +247,7 @@ i32 Dispatch(u32 type) {
     case 132:
       return BandItem(context.FirstOffset132, QV_INTERVAL_BAND_SERIES, DecodeRec132);
     default:
+      if (type > 0xFF) NoteBytesMissing(1);
       return ReadAndPass(NoDecoder);
   }
 }
@@ -261,6 +265,7 @@ std::int32_t QV_TranslateNextRec(void* record, void* contextBytes) {
   context.RawRecordCopy = nullptr;
   *static_cast<u16*>(record) = QV_NO_RECORD;
   context.RecordFilter = kEveryFamily;
+  context.BytesMissing = 0;
 
   if (context.File == nullptr && !OpenDataFile(context.FilePath)) return FailWith(QV_CANNOT_OPEN);
   context.ErrorCode = SeekDataFile(context.FileOffset);

@@ -19,6 +19,7 @@ std::int32_t QV_StartTranslate(const char* path, void* contextBytes) {
   CurrentContext = static_cast<TranslateContext*>(contextBytes);
   TranslateContext& context = *CurrentContext;
   ResetContext();
+  context.BytesMissing = 0;
   context.EndRecord.EndRecordZero = 0;
   std::memset(context.EndRecord.Reserved10, 0, sizeof context.EndRecord.Reserved10);
   KeepFilePath(path);

@@ -6,7 +6,8 @@ if(NOT QVSLM_INSTALL)
 endif()
 
 install(TARGETS QVSLMTRANSLATE EXPORT QVSLMTRANSLATETargets)
-install(FILES api/include/qvslmtranslate.h api/include/qvslm_records.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(FILES api/include/qvslmtranslate.h api/include/qvslm_records.h api/include/qvslm_walk.h
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
 if(TARGET qvslm)
   # The host finds the library beside it wherever the tree is moved to.

@@ -57,7 +57,8 @@ void ReadItem() {
     }
   }
   context.RecordLength = ReadLengthU16();
-  if (context.RecordLength <= kLongestRecord) ReadRecordBlock(context.RecordLength);
+  if (context.RecordLength > kLongestRecord) return;
+  NoteBytesMissing(context.RecordLength - ReadRecordBlock(context.RecordLength));
 }
 
 u32 PassItemsAhead(u8 type) {

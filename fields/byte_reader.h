@@ -63,6 +63,7 @@ inline u32 ReadLengthU16() {
   std::size_t const came = ReadFileBlock(bytes, sizeof bytes);
   i32 const high = came > 0 ? bytes[0] : -1;
   i32 const low = came > 1 ? bytes[1] : -1;
+  NoteBytesMissing(sizeof bytes - came);
   return static_cast<u32>(high * 256 + low);
 }
 

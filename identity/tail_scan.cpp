@@ -69,6 +69,8 @@ bool TakeRegisters(std::string_view text, std::size_t from) {
       stopSeen = true;
     } else if (number == 106) {
       CurrentContext->LevelOffset = static_cast<f32>(FloatNumber(Columns(line, 5)));
+      // A number at the very end of the file may have had more digits.
+      if (line.find('\n') == std::string_view::npos) NoteBytesMissing(1);
       offsetSeen = true;
     }
     if (stopSeen && offsetSeen) break;

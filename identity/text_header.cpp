@@ -27,7 +27,11 @@ constexpr std::string_view kModes442[] = {"SSA", "ISM", "LOG", "ENV", "RTA",
 struct HeaderLine {
   char text[kHeaderLine] = "";
 
-  bool Read() { return static_cast<bool>(ReadLine(text, sizeof text)); }
+  bool Read() {
+    LineRead const line = ReadLine(text, sizeof text);
+    if (!line.complete) NoteBytesMissing(1);
+    return static_cast<bool>(line);
+  }
 
   std::string_view View() const { return text; }
 
@@ -100,7 +104,7 @@ template <std::size_t N>
 void TakeMode(const HeaderLine& line, const std::string_view (&tags)[N]) {
   for (std::size_t mode = 0; mode < N; ++mode) {
     if (!line.View().starts_with(tags[mode])) continue;
-    CurrentContext->Mode = static_cast<i16>(mode);
+    CurrentContext->Mode = static_cast<i32>(mode);
     return;
   }
 }

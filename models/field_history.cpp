@@ -126,10 +126,9 @@ void FillHead(QvFieldHistory& record) {
 
 i32 DecodeStream27() {
   constexpr u8 kMarker = 128;
-  TranslateContext& context = *CurrentContext;
   ClearOutput(sizeof(QvFieldHistory));
   auto& record = OutputAs<QvFieldHistory>();
-  ReadRecordBlock(context.RecordLength);
+  ReadListBlock();
   i32 status = 0;
   u8 const first = ReadByte(status);
   if (status >= 0) {

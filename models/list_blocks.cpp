@@ -6,6 +6,11 @@
 
 namespace qvslm {
 
+void ReadListBlock() {
+  u32 const length = CurrentContext->RecordLength;
+  NoteBytesMissing(length - ReadRecordBlock(length));
+}
+
 bool PassBlock() {
   TranslateContext& context = *CurrentContext;
   auto const length = static_cast<i32>(context.RecordLength);

@@ -6,11 +6,15 @@
 
 namespace qvslm {
 
+// Reads the block in hand.
+void ReadListBlock();
+
 // Moves FileOffset behind the block in hand. False where no offset reaches.
 bool PassBlock();
 
 // Reads the next block to see whether the list goes on; at the end mark the list is over, and
-// FileOffset behind it. The next step reads the block again.
+// FileOffset behind it. The next step reads the block again, and is the one to count what the file
+// does not have of it.
 void LookAhead();
 
 }  // namespace qvslm

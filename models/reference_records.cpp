@@ -54,6 +54,8 @@ void LookAheadForLevelOffset() {
     }
     line = ReadLine(text, sizeof text);
   }
+  // The file ended before the block, or within it: the levels of all that follows lack their offset.
+  if (!line.complete && (!line || text[0] == 'R')) NoteBytesMissing(1);
 }
 
 }  // namespace

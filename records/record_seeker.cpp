@@ -81,7 +81,9 @@ i32 PassStream() {
 // One turn of the walk: passes an item, or takes the family's next one, whose index it notes.
 i32 PassItem(u32 family, const Cursor& cursor, u32 wanted, i32& index) {
   TranslateContext& context = *CurrentContext;
-  auto type = static_cast<u32>(ReadFileByte());
+  i32 const byte = ReadFileByte();
+  if (byte < 0) NoteBytesMissing(1);
+  auto type = static_cast<u32>(byte);
   if (type == 7 && IsModel431Or442()) type = 6;
   if (!IsWalkable(type)) return QV_BAD_LENGTH;
 
@@ -106,11 +108,17 @@ i32 SeekRecord(u32 family, u32 wanted) {
   if (cursor.firstOffset == nullptr || *cursor.firstOffset < 1) return QV_NOT_FOUND;
   if (SeekDataFile(*cursor.firstOffset) != 0) return FailWith(QV_TAIL_SEEK_FAILED);
 
+  u32& missing = CurrentContext->BytesMissing;
+  u32 const missingBefore = missing;
   i32 index = 0;
   i32 status = 0;
   do {
     status = PassItem(family, cursor, wanted, index);
   } while (status >= 0 && index != static_cast<i64>(wanted));
+  // A record that the file does not hold to its end counts as one byte that is missing. Where the data
+  // ended before it, nothing is, whatever was read behind that end.
+  bool const cut = missing > missingBefore || status == QV_RECORD_TOO_SHORT;
+  missing = missingBefore + (cut && status != QV_NOT_FOUND ? 1 : 0);
 
   if (status == kPassed) return status;
   bool const lost = status == QV_NOT_FOUND || status == QV_BAD_LENGTH ||

@@ -37,6 +37,8 @@ i32 ReadSettingsLines(char letter, char (&line)[Size], Taker take) {
     take(TakeApart(line, Size));
     read = static_cast<bool>(ReadLine(line, Size));
   }
+  // Whether a block that ends with the file was whole cannot be known.
+  if (!read) NoteBytesMissing(1);
   return 0;
 }
 

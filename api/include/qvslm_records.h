@@ -51,6 +51,20 @@
 #endif
 
 /**
+ * The head of a context, which hosts may read: where the walk through the file stands.
+ */
+typedef struct QvContextHead {
+  int32_t FileOffset; /* offset in the file of the first byte that the next step reads */
+  uint32_t
+      BytesMissing; /* bytes that the last step used and the file does not have; 0: a whole step */
+  int32_t Mode;     /* measurement mode by the mode line; 4: code 1 stands for QvBandInterval */
+} QvContextHead;
+QV_LAYOUT_SIZE(QvContextHead, 12);
+QV_LAYOUT(QvContextHead, FileOffset, 0);
+QV_LAYOUT(QvContextHead, BytesMissing, 4);
+QV_LAYOUT(QvContextHead, Mode, 8);
+
+/**
  * Code 1, from item 1 in every mode but 4: the results of one interval.
  *
  * Which blocks stand in the file is told by the 'Q' or 'M' item in force; IntervalFlags shows the

@@ -6,25 +6,37 @@
  * the library knows of one file, and the output record, which each step fills with one typed record
  * (qvslm_records.h).
  *
- *   void* context = calloc(1, QV_GetBufferSize());
- *   QvRecordCensus census;
- *   int32_t status = QV_GetRecordCount(path, context, &census, record);
- *   status = QV_StartTranslate(path, context);
- *   if (status == QV_OK || status == QV_NO_TEXT_HEADER) {
- *     int goesOn;
- *     do {
- *       status = QV_TranslateNextRec(record, context);
- *       const uint16_t code = *(const uint16_t*)record;
- *       switch (code) { ... }
- *       goesOn = status >= 0 || (status == QV_RECORD_TOO_SHORT && code != QV_NO_RECORD);
- *     } while (goesOn);
- *     if (status == QV_END_OF_DATA) ...        the record is the end record, code QV_END
+ *   #include <qvslm_walk.h>
+ *   #include <stdio.h>
+ *   #include <stdlib.h>
+ *
+ *   int main(int argc, char** argv) {
+ *     void* context = malloc(QV_GetBufferSize());
+ *     void* record = malloc(QV_OUTPUT_RECORD_SIZE);
+ *     QvRecordCensus census;
+ *     QvWalk walk;
+ *     if (argc != 2 || context == NULL || record == NULL) return 1;
+ *     QvWalkOpen(&walk, argv[1], context, record, &census);
+ *     while (QvWalkNext(&walk)) {
+ *       if (!walk.Whole) continue;
+ *       if (walk.Code == QV_LEVEL_MARK) {
+ *         const QvLevelMark* mark = (const QvLevelMark*)record;
+ *         printf("%ld %.1f dB\n", (long)mark->RecordTime, mark->Level);
+ *       }
+ *     }
+ *     QvWalkClose(&walk);
+ *     if (!QvWalkWasWhole(&walk)) fprintf(stderr, "%s: %s\n", argv[1], QvWalkWhy(&walk));
+ *     free(record);
+ *     free(context);
+ *     return QvWalkWasWhole(&walk) ? 0 : 1;
  *   }
- *   QV_StopTranslate();
+ *
+ * qvslm_walk.h is the loop that always ends, on the calls declared here: QV_GetRecordCount,
+ * QV_StartTranslate, QV_TranslateNextRec again and again, QV_StopTranslate.
  *
  * Buffers. The context has QV_GetBufferSize() bytes, is aligned to 8 bytes, and starts out zeroed;
- * the host treats it as opaque and owns it throughout. It may copy it as bytes while no file is open
- * in it. The output record has at least QV_OUTPUT_RECORD_SIZE bytes, aligned to 4; no call writes
+ * the host owns it throughout, reads its head (QvContextHead) and treats the rest as opaque. It may
+ * copy it as bytes while no file is open in it. The output record has at least QV_OUTPUT_RECORD_SIZE bytes, aligned to 4; no call writes
  * behind the size of the record that it delivers. malloc and calloc give such buffers. The library
  * keeps no pointer to either behind the end of a call, but for QV_StopTranslate, which acts on the
  * context named last.
@@ -51,6 +63,7 @@
 #define QVSLMTRANSLATE_H
 
 #include <stdint.h>
+#include <string.h>
 
 #include "qvslm_records.h"
 
@@ -211,14 +224,65 @@ QV_EXPORT int32_t QV_StartTranslate(const char* path, void* context);
  * QV_CANNOT_OPEN       the file could not be opened anew.
  * QV_NO_ARGUMENT       record or context is null; nothing was done.
  *
- * A step that returns QV_OK without a record need not move forward: an item 2 in a mode that has none,
- * an item 6 of models 431 and 442, or a list cut by the end of the file come again and again. A stream
- * cut by the end of the file goes on with the bytes of the block before, record after record, up to a
- * place above 2,147,483,647 bytes. A host that reads files that it does not trust stops when the
- * steps would have taken more bytes than the file has: each takes one or more, a time history one or
- * more for each entry. The command-line host shows how.
+ * Whether the file holds what a step used, and whether the walk still moves, is told by the head of the
+ * context. QvBytesMissing counts, for the step that was made:
+ *
+ *   - of a framed item, of its type byte and length too, the bytes behind the end of the file. The
+ *     record is filled with what stood in the buffer before, and the status need not be negative;
+ *   - of a stream the bytes of entries, and of a list the bytes of its block, behind the end of the
+ *     file: the record holds what was read last. A list looks at the first byte of the next block, which
+ *     counts with that block;
+ *   - 1 where a settings or results block ends with the file: whether it was whole cannot be known. An
+ *     'E' item counts 1 where its second line has no end;
+ *   - 1 where the owner of a band record, which gives it its time, is cut or stands behind the end of
+ *     the file: the time is the present one;
+ *   - 1 where the reference record of model 431 finds no whole register 106 in a results block before the
+ *     file ends: the levels behind it lack that offset.
+ *
+ * From this follow exact rules, without a census:
+ *
+ *   - A step with bytes missing gave a record that the file does not wholly hold, or one that leaves
+ *     something uncertain for those behind it. QvBytesMissing is 0 behind every step of a whole file.
+ *   - QvFileOffset never goes back. A step that has not moved it will never move it: an item 2 or 6 that
+ *     its mode knows no record for, a tally item without its kind byte, a list whose blocks have no
+ *     length, and every status that ends a walk but QV_END_OF_DATA. A host stops there.
+ *   - A stream and a list move on behind the end of the file, step by step, with all bytes missing that
+ *     they move by. A host stops there, too. All other items end where the file does, and the next step
+ *     fails with QV_BAD_LENGTH and bytes missing; without any missing the item is too long.
+ *   - Behind a 0 byte, the end of the data, one can step on: the next step opens the file anew and reads
+ *     the byte behind it, by the same rules. Most files end there, and the step gives QV_BAD_LENGTH.
+ *   - A walk under these rules makes no more steps than the file has bytes, and one more; how far it has
+ *     come is QvFileOffset by the size of the file.
+ *
+ * QvWalkNext in qvslm_walk.h goes by them.
  */
 QV_EXPORT int32_t QV_TranslateNextRec(void* record, void* context);
+
+/**
+ * The head of a context. It is valid behind QV_StartTranslate and QV_TranslateNextRec. Behind a start the
+ * bytes missing tell, with a number above 0, that the text header ends with the file, or on model 442 the
+ * level offset: what is translated then may differ from what the whole file would give.
+ */
+static inline QvContextHead QvReadHead(const void* context) {
+  QvContextHead head;
+  memcpy(&head, context, sizeof head);
+  return head;
+}
+
+/** Where in the file the next step begins to read. */
+static inline int32_t QvFileOffset(const void* context) {
+  return QvReadHead(context).FileOffset;
+}
+
+/** How many bytes the last step used that the file does not have; 0 for a whole step. */
+static inline uint32_t QvBytesMissing(const void* context) {
+  return QvReadHead(context).BytesMissing;
+}
+
+/** The measurement mode that the library took from the file. In mode 4 code 1 is QvBandInterval. */
+static inline int32_t QvMode(const void* context) {
+  return QvReadHead(context).Mode;
+}
 
 /**
  * Closes the file of the context that was named last to any call, if it is open. Without such a
