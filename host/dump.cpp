@@ -14,9 +14,10 @@ bool IsWanted(std::string_view record, const std::vector<std::string>& names) {
 }
 
 std::string Line(const Translation& translation, const record_fields::RecordInfo& info,
-                 bool isShort, const std::string& fileName) {
+                 const std::string& fileName) {
   Json json = RecordJson(info, translation.Record());
-  if (isShort) json["short"] = true;
+  if (translation.State().Short != 0) json["short"] = true;
+  if (translation.State().Whole == 0) json["cut"] = true;
   if (!fileName.empty()) json["file"] = fileName;
   constexpr int oneLine = -1;
   // A file name may be no UTF-8.
@@ -31,19 +32,19 @@ Outcome Dump(const std::string& fileName, const DumpOptions& options, Output& ou
     Translation translation(file);
     Progress progress(fileName);
     std::uint64_t written = 0;
-    auto const write = [&](bool isShort) {
+    auto const write = [&] {
       const record_fields::RecordInfo* const info = translation.Info();
       if (info != nullptr && IsWanted(info->name, options.records)) {
         if (output.IsTerminal()) progress.Wipe();
-        if (!output.Line(
-                Line(translation, *info, isShort, options.nameFile ? fileName : std::string()))) {
+        if (!output.Line(Line(translation, *info, options.nameFile ? fileName : std::string()))) {
           return false;
         }
         ++written;
       }
       return !options.limit || written < *options.limit;
     };
-    return Walk(translation, file, {.census = options.census}, progress, write).outcome;
+    WalkOptions const how = {.census = options.census, .cut = options.cut};
+    return Walk(translation, file, how, progress, write).outcome;
   } catch (const FileError& fault) {
     Report(fileName, fault.what(), fault.Code());
     return Outcome::NothingReadable;

@@ -19,10 +19,7 @@ class FileError : public std::runtime_error {
 // Prints "qvslm: FILE: what happened (code)".
 void Report(const std::string& file, const std::string& what, int code);
 
-// What a negative status means: of QV_StartTranslate (and of QV_ReadFileHeader), of
-// QV_TranslateNextRec, of QV_GetRecordCount.
-std::string WhatStartMet(int status);
-std::string WhatWalkMet(int status);
-std::string WhatCensusMet(int status);
+// The same without a code.
+void Remark(const std::string& file, const std::string& what);
 
 }  // namespace host

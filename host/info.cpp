@@ -110,7 +110,7 @@ void ListCensus(Output& output, const QvRecordCensus& census) {
 
 void Note(const Translation& translation, Findings& found) {
   constexpr int runStart = 64;
-  switch (translation.Code()) {
+  switch (translation.State().Code) {
     case QV_SETTINGS:
       if (found.firstBlockTime == 0) {
         found.firstBlockTime = translation.As<QvSettings>().BlockTime;
@@ -141,7 +141,7 @@ Outcome Info(const std::string& fileName, Output& output) {
     translation.LookUpSites();
     Progress progress(fileName);
     Findings found;
-    auto const note = [&](bool) {
+    auto const note = [&] {
       Note(translation, found);
       return true;
     };
@@ -154,8 +154,9 @@ Outcome Info(const std::string& fileName, Output& output) {
     ListTimes(listing, translation.Header(), found);
     ListCensus(output, translation.Census());
     if (walk.outcome != Outcome::Whole) return Outcome::EndedEarly;
-    if (walk.census == QV_OK) return Outcome::Whole;
-    Report(fileName, "the count ended early: " + WhatCensusMet(walk.census), walk.census);
+    int const census = translation.State().CensusStatus;
+    if (census == QV_OK) return Outcome::Whole;
+    Report(fileName, "the count ended early, and holds for the part before that", census);
     return Outcome::EndedEarly;
   } catch (const FileError& fault) {
     Report(fileName, fault.what(), fault.Code());

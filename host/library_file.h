@@ -1,4 +1,4 @@
-// One file in the library: the buffers that a host owns, and the calls on them.
+// One file in the library: the buffers that a host owns, the lookups, and the walk.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "input_file.h"
-#include "qvslmtranslate.h"
+#include "qvslm_walk.h"
 #include "record_info.h"
 
 namespace host {
@@ -18,24 +18,26 @@ class Translation {
   Translation(const Translation&) = delete;
   Translation& operator=(const Translation&) = delete;
 
-  // The calls of the library, with their status; the lookups come before the start.
+  // The lookups come before the walk.
   int ReadHeader();
-  int LookUpSerial();
-  int LookUpSites();
-  int Count();
-  int Start();
-  // The record is cleared first: two kinds of record leave bytes as they find them.
-  int Next();
+  void LookUpSerial();
+  void LookUpSites();
+  // Opens the walk, with a census before it if asked for.
+  void Open(bool census);
+  // Goes on to the next record; false at the walk's end.
+  bool Next() { return QvWalkNext(&walk_) != 0; }
 
   const QvFileHeaderInfo& Header() const { return header_; }
   const QvRecordCensus& Census() const { return census_; }
+  const QvWalk& State() const { return walk_; }
   const char* Serial() const { return serial_; }
   int SiteCount() const { return siteCount_; }
   // The model number of the header's second line; 486 without a text header.
   int Model() const;
+  // Where in the file the walk has come to.
+  std::int32_t Offset() const { return QvFileOffset(context_.data()); }
 
   const std::uint8_t* Record() const { return record_.data(); }
-  int Code() const { return record_[0] + 256 * record_[1]; }
   template <class T>
   T As() const {
     T copy;
@@ -49,6 +51,8 @@ class Translation {
   const InputFile& file_;
   std::vector<std::uint8_t> context_;
   std::vector<std::uint8_t> record_;
+  QvWalk walk_{};
+  int headerStatus_ = QV_NO_TEXT_HEADER;
   QvFileHeaderInfo header_{};
   QvRecordCensus census_{};
   char serial_[81] = {};

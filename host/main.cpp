@@ -74,6 +74,9 @@ Outcome Run(int argc, char** argv) {
   dump->add_flag("--no-census", noCensus,
                  "Do not count first: no progress, and no daylight span for a night of clock "
                  "change");
+  dump->add_flag("--cut", arguments.dump.cut,
+                 "Write also the records that the file does not wholly hold, marked with "
+                 "\"cut\":true");
 
   try {
     app.parse(argc, argv);

@@ -5,15 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "qvslm_records.h"
-
 namespace host {
-
-// What a census counts: the sum of all its fields.
-std::uint64_t TotalCount(const QvRecordCensus& census);
-// For how much of that sum a record stands: a time history for its entries, a block image for its
-// blocks, any other record for one.
-std::uint64_t CountedAs(const std::uint8_t* record);
 
 class Progress {
  public:
@@ -23,19 +15,19 @@ class Progress {
   Progress& operator=(const Progress&) = delete;
 
   void Counting();
-  void SetTotal(std::uint64_t total) { total_ = total; }
-  void Advance(std::uint64_t count);
+  void SetTotal(std::uint64_t bytes) { total_ = bytes; }
+  // How many bytes of the total are done.
+  void Show(std::int32_t bytes);
   // Takes the line away, so that other text can be written to the same terminal.
   void Wipe();
 
  private:
-  void Show(const std::string& text);
+  void Write(const std::string& text);
 
   std::string fileName_;
   bool terminal_;
   bool visible_ = false;
   std::uint64_t total_ = 0;
-  std::uint64_t done_ = 0;
   std::uint64_t shownPercent_ = 101;
 };
 

@@ -1,84 +1,73 @@
 #include "walk.h"
 
+#include <string>
+
 #include "errors.h"
-#include "movement.h"
 
 namespace host {
 namespace {
 
-// The census counts what a translation will deliver, up to where the file is cut. Not so on model
-// 431, whose census reads on behind a results block in its own way.
-bool IsCensusReliable(const Translation& translation, int status) {
-  constexpr int model431 = 431;
-  const QvRecordCensus& census = translation.Census();
-  bool const results = census.ResultsBlocks + census.ResultsBlocksMode0 > 0;
-  return (status == QV_OK || status == QV_BAD_LENGTH) &&
-         !(translation.Model() == model431 && results);
+std::string Counted(std::uint64_t count, const std::string& one, const std::string& many) {
+  return std::to_string(count) + ' ' + (count == 1 ? one : many);
 }
 
-void ReportEnd(const InputFile& file, const WalkResult& result, const std::string& what,
-               int status) {
-  std::string const count = std::to_string(result.records);
+// Where a walk that was not whole ended, and why.
+void ReportEnd(const InputFile& file, const QvWalk& walk, std::uint64_t records) {
+  std::string what = QvWalkWhy(&walk);
+  if (walk.End != QV_WALK_NOT_STARTED) {
+    std::int32_t const offset = walk.CutOffset >= 0 ? walk.CutOffset : walk.Offset;
+    what = "ended after " + Counted(records, "record", "records") + " at byte " +
+           std::to_string(offset) + ": " + what;
+  }
+  if (walk.Status < 0 && walk.Status != QV_END_OF_DATA) {
+    Report(file.Name(), what, walk.Status);
+  } else {
+    Remark(file.Name(), what);
+  }
+}
+
+void ReportLeftOut(const InputFile& file, std::uint64_t leftOut) {
+  Remark(file.Name(), Counted(leftOut, "record that the file does not wholly hold is",
+                              "records that the file does not wholly hold are") +
+                          " left out");
+}
+
+void ReportShort(const InputFile& file, std::uint64_t items) {
   Report(file.Name(),
-         result.records == 0
-             ? what
-             : "ended after " + count + (result.records == 1 ? " record: " : " records: ") + what,
-         status);
+         Counted(items, "item was", "items were") +
+             " shorter than the layout; fields behind their end are zero",
+         QV_RECORD_TOO_SHORT);
 }
 
 }  // namespace
 
 WalkResult Walk(Translation& translation, const InputFile& file, const WalkOptions& options,
-                Progress& progress, const std::function<bool(bool isShort)>& visit) {
+                Progress& progress, const std::function<bool()>& visit) {
   WalkResult result;
-  Movement movement(file);
+  std::uint64_t leftOut = 0;
+  std::uint64_t shortItems = 0;
+  const QvWalk& walk = translation.State();
   result.header = translation.ReadHeader();
-  if (options.census) {
-    progress.Counting();
-    result.census = translation.Count();
-    progress.SetTotal(TotalCount(translation.Census()));
-    if (IsCensusReliable(translation, result.census)) movement.TrustCensus(translation.Census());
-  }
-
-  auto const endEarly = [&](const std::string& what, int status) {
-    progress.Wipe();
-    ReportEnd(file, result, what, status);
-    result.outcome = result.records == 0 ? Outcome::NothingReadable : Outcome::EndedEarly;
-    return result;
-  };
-
-  int status = translation.Start();
-  if (status != QV_OK && status != QV_NO_TEXT_HEADER) return endEarly(WhatStartMet(status), status);
-  for (;;) {
-    status = translation.Next();
-    bool const atEnd = status == QV_END_OF_DATA;
-    bool const isShort = status == QV_RECORD_TOO_SHORT;
-    if (status < 0 && !atEnd && !isShort) return endEarly(WhatWalkMet(status), status);
-    if (!atEnd && movement.HasStopped(translation.Record())) {
-      return endEarly(
-          "the file does not move forward any more: a list or stream without its end, or an item "
-          "that its mode knows no record for",
-          status);
+  if (options.census) progress.Counting();
+  translation.Open(options.census);
+  progress.SetTotal(file.Size());
+  while (!result.stopped && translation.Next()) {
+    progress.Show(translation.Offset());
+    if (walk.Whole == 0 && !options.cut) {
+      ++leftOut;
+      continue;
     }
-    if (isShort) ++result.shortItems;
-    if (translation.Code() != QV_NO_RECORD) {
-      ++result.records;
-      progress.Advance(CountedAs(translation.Record()));
-      if (!visit(isShort)) {
-        result.stopped = true;
-        break;
-      }
-    }
-    if (atEnd) break;
+    if (walk.Short != 0) ++shortItems;
+    ++result.records;
+    result.stopped = !visit();
   }
   progress.Wipe();
-  if (result.shortItems > 0) {
-    Report(file.Name(),
-           std::to_string(result.shortItems) +
-               (result.shortItems == 1 ? " item was" : " items were") +
-               " shorter than the layout; fields behind their end are zero",
-           QV_RECORD_TOO_SHORT);
+  if (!result.stopped && !QvWalkWasWhole(&walk)) {
+    ReportEnd(file, walk, result.records);
+    result.outcome = walk.Records == 0 ? Outcome::NothingReadable : Outcome::EndedEarly;
   }
+  if (leftOut > 0) ReportLeftOut(file, leftOut);
+  if (shortItems > 0) ReportShort(file, shortItems);
   return result;
 }
 

@@ -1,5 +1,4 @@
-// The walk through a file, from the start of the translation to the end record, with all that can
-// end it earlier.
+// The walk through a file, from the start of the translation to its end, with what is said about it.
 #pragma once
 
 #include <cstdint>
@@ -12,22 +11,20 @@
 namespace host {
 
 struct WalkOptions {
-  bool census = true;  // count first: daylight span, progress, and where a cut list must end
+  bool census = true;  // count first: the daylight span
+  bool cut = false;    // show also the records that the file does not wholly hold
 };
 
 struct WalkResult {
   Outcome outcome = Outcome::Whole;
   int header = 0;             // status of QV_ReadFileHeader
-  int census = 0;             // status of QV_GetRecordCount
   bool stopped = false;       // by the visitor
-  std::uint64_t records = 0;  // delivered
-  std::uint64_t shortItems = 0;
+  std::uint64_t records = 0;  // shown
 };
 
-// Shows each record to visit(isShort), the end record too; isShort: the item ended before its last
-// field, so that fields at the end are zero. Ends when visit returns false. Faults are reported on
-// stderr.
+// Shows each record to the visitor, the end record too; what the walk tells of it stands in State() of
+// the translation. Ends when visit returns false. Faults are reported on stderr.
 WalkResult Walk(Translation& translation, const InputFile& file, const WalkOptions& options,
-                Progress& progress, const std::function<bool(bool isShort)>& visit);
+                Progress& progress, const std::function<bool()>& visit);
 
 }  // namespace host
