@@ -16,8 +16,8 @@ void ReportEnd(const InputFile& file, const QvWalk& walk, std::uint64_t records)
   std::string what = QvWalkWhy(&walk);
   if (walk.End != QV_WALK_NOT_STARTED) {
     std::int32_t const offset = walk.CutOffset >= 0 ? walk.CutOffset : walk.Offset;
-    what = "ended after " + Counted(records, "record", "records") + " at byte " +
-           std::to_string(offset) + ": " + what;
+    what = "at byte " + std::to_string(offset) + ": " + what;
+    if (records > 0) what = "ended after " + Counted(records, "record", "records") + ' ' + what;
   }
   if (walk.Status < 0 && walk.Status != QV_END_OF_DATA) {
     Report(file.Name(), what, walk.Status);

@@ -192,9 +192,8 @@ static inline const char* QvWalkWhy(const QvWalk* walk) {
     case QV_CANNOT_OPEN:
       return "the file cannot be opened";
     case QV_NOT_FOUND:
-      return "no results block with a level offset (register 106) in this file of model 442: it "
-             "may "
-             "be cut";
+      return "no results block with a level offset (register 106) in this file of model 442: the "
+             "file may be incomplete";
     case QV_BAD_LENGTH:
       return "an item is longer than any can be";
     case QV_SEEK_FAILED:

@@ -242,7 +242,8 @@ QV_EXPORT int32_t QV_StartTranslate(const char* path, void* context);
  * From this follow exact rules, without a census:
  *
  *   - A step with bytes missing gave a record that the file does not wholly hold, or one that leaves
- *     something uncertain for those behind it. QvBytesMissing is 0 behind every step of a whole file.
+ *     something uncertain for those behind it. It is 0 behind every step of a whole file, but for the
+ *     last case where a file of model 431 was stored without that register.
  *   - QvFileOffset never goes back. A step that has not moved it will never move it: an item 2 or 6 that
  *     its mode knows no record for, a tally item without its kind byte, a list whose blocks have no
  *     length, and every status that ends a walk but QV_END_OF_DATA. A host stops there.

@@ -50,16 +50,16 @@ TEST(ExitCode, ThreeForAFileThatEndsEarly) {
   EXPECT_EQ(Objects(result).size(), 300u);
   EXPECT_EQ(result.err,
             Message(file,
-                    "ended after 300 records: the file ends without an end of data, or an item is "
-                    "longer than any can be (-312)"));
+                    "ended after 300 records at byte 3998: the file ends before the end of its "
+                    "data (-312)"));
 }
 
 TEST(ExitCode, ThreeForAnItemLongerThanAny) {
   TempFile const file(Marks(1).Raw(Body().U8(9).U16(6201).Fill(6201).Bytes()).EndOfData());
   Result const result = RunQvslm({"dump", file.Path()});
   EXPECT_EQ(result.exitCode, 3);
-  EXPECT_THAT(result.err, HasSubstr("ended after 1 record: "));
-  EXPECT_THAT(result.err, HasSubstr("(-312)"));
+  EXPECT_THAT(result.err, HasSubstr("ended after 1 record at byte 111: an item is longer than any "
+                                    "can be (-312)\n"));
 }
 
 TEST(ExitCode, OneWhenNotARecordCanBeHad) {
@@ -67,9 +67,7 @@ TEST(ExitCode, OneWhenNotARecordCanBeHad) {
   Result const result = RunQvslm({"dump", file.Path()});
   EXPECT_EQ(result.exitCode, 1);
   EXPECT_EQ(result.out, "");
-  EXPECT_EQ(result.err, Message(file,
-                                "the file ends without an end of data, or an item is longer than "
-                                "any can be (-312)"));
+  EXPECT_EQ(result.err, Message(file, "at byte 98: an item is longer than any can be (-312)"));
 }
 
 TEST(ExitCode, OneForAFileThatIsNotThere) {

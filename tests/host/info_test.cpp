@@ -109,7 +109,7 @@ TEST(Info, ACutFileIsCountedAsFarAsItGoes) {
   TempFile const stored(file);
   Result const result = RunQvslm({"info", stored.Path()});
   EXPECT_EQ(result.exitCode, 3);
-  EXPECT_THAT(result.err, HasSubstr("ended after 300 records: "));
+  EXPECT_THAT(result.err, HasSubstr("ended after 300 records at byte 3998: "));
   EXPECT_THAT(result.out, HasSubstr("         300  LevelMarks "));
 }
 
