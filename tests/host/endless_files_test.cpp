@@ -135,10 +135,12 @@ TEST(EndlessFiles, AStreamWithoutItsEnd) {
 // reference record are others.
 TEST(EndlessFiles, LevelsOfModel431WithoutTheirOffset) {
   DataFile file = test::Model431("iSLM").Item('C', Body().U8(1).PadTo(129));
-  for (int i = 0; i < 100; ++i) file.Item(5, Mark());
+  for (int i = 0; i < 100; ++i) {
+    file.Item(5, Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60.5).U8(0));
+  }
   TempFile const whole(DataFile(file).R(1, "results").R(106, "10.0").EndOfData());
   EXPECT_EQ(RunQvslm({"dump", whole.Path()}).exitCode, 0);
-  EXPECT_EQ(Objects(RunQvslm({"dump", whole.Path()})).at(1).at("Level"), 70.0);
+  EXPECT_EQ(Objects(RunQvslm({"dump", whole.Path()})).at(1).at("Level"), 70.5);
 
   TempFile const cut(file);
   Result const result = RunQvslm({"dump", cut.Path()});
