@@ -143,7 +143,10 @@ i32 StreamStep(u32 type) {
   }
   context.StreamInProgress = 1;
   context.StreamType = static_cast<i16>(type);
-  return DecodeStream();
+  i32 const status = DecodeStream();
+  if (context.BytesRead == 0) [[unlikely]]
+    CountBytesBehindFile();
+  return status;
 }
 
 // One block of a list.

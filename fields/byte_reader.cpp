@@ -56,9 +56,7 @@ void ReadItem() {
       return;
     }
   }
-  context.RecordLength = ReadLengthU16();
-  if (context.RecordLength > kLongestRecord) return;
-  NoteBytesMissing(context.RecordLength - ReadRecordBlock(context.RecordLength));
+  ReadItemAcrossWindows();
 }
 
 u32 PassItemsAhead(u8 type) {

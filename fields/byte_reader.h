@@ -71,9 +71,15 @@ inline u32 ReadLengthU16() {
 // record begin there. Returns how many came.
 std::size_t ReadRecordBlock(u32 count);
 
+// Behind a block that came short (BytesRead is 0): counts the bytes between the end of the file and
+// FileOffset, which stands behind what the step has used.
+void CountBytesBehindFile();
+
 // Reads length and body of an item to RecordLength and RecordBuffer. A length above kLongestRecord is
 // left at that, without a body.
 void ReadItem();
+// The same for an item that the window does not hold whole, with a count of what the file lacks.
+void ReadItemAcrossWindows();
 
 // Passes the items of one type byte that the window holds whole, one behind the other. Returns how
 // many; RecordBuffer is as if each had been read.

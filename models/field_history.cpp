@@ -126,9 +126,10 @@ void FillHead(QvFieldHistory& record) {
 
 i32 DecodeStream27() {
   constexpr u8 kMarker = 128;
+  TranslateContext& context = *CurrentContext;
   ClearOutput(sizeof(QvFieldHistory));
   auto& record = OutputAs<QvFieldHistory>();
-  ReadListBlock();
+  ReadRecordBlock(context.RecordLength);
   i32 status = 0;
   u8 const first = ReadByte(status);
   if (status >= 0) {

@@ -6,16 +6,13 @@
 
 namespace qvslm {
 
-void ReadListBlock() {
-  u32 const length = CurrentContext->RecordLength;
-  NoteBytesMissing(length - ReadRecordBlock(length));
-}
-
 bool PassBlock() {
   TranslateContext& context = *CurrentContext;
   auto const length = static_cast<i32>(context.RecordLength);
   if (context.FileOffset > std::numeric_limits<i32>::max() - length) return false;
   context.FileOffset += length;
+  if (context.BytesRead == 0) [[unlikely]]
+    CountBytesBehindFile();
   return true;
 }
 

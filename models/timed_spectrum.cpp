@@ -15,7 +15,7 @@ constexpr u16 kThirdOctaves = 128;
 i32 DecodeStream21() {
   TranslateContext& context = *CurrentContext;
   auto& record = BeginRecord<QvTimedSpectrum>(QV_TIMED_SPECTRUM);
-  ReadListBlock();
+  ReadRecordBlock(context.RecordLength);
   record.RecordIndex = ++context.Count21;
   if (!PassBlock()) return FailWith(QV_SEEK_FAILED);
 
