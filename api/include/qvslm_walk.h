@@ -5,10 +5,10 @@
  *   QvRecordCensus census;
  *   QvWalkOpen(&walk, path, context, record, &census);
  *   while (QvWalkNext(&walk)) {
- *     if (walk.Whole && walk.Code == QV_EVENT) ...        the record is a QvEvent
+ *     if (walk.Whole) printf("code %u at byte %ld\n", (unsigned)walk.Code, (long)walk.Offset);
  *   }
  *   QvWalkClose(&walk);
- *   if (!QvWalkWasWhole(&walk)) puts(QvWalkWhy(&walk));   and walk.Offset says where
+ *   if (!QvWalkWasWhole(&walk)) printf("%s\n", QvWalkWhy(&walk));
  *
  * The library itself steps on for as long as it is asked: a stream that the end of the file cuts goes
  * on with the bytes read last, an item that the file's mode knows no record for comes again and

@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Uses the library as other projects do: installs it, moves the installed tree elsewhere, and builds
 # a host in C99 and one in C++17 against it by find_package and by pkg-config, and against the
-# sources by add_subdirectory. Each host walks a sample file.
+# sources by add_subdirectory. Each host walks a sample file and a cut one. Then holds the documents to
+# what they say (documents.py).
 #
 #   tests/consumer/run.sh [BUILD]     BUILD: a folder in which the library and qvslm are built;
 #                                     build/dev without it
 #
-# One line for each test; the last line is "consumer: N passed, N failed".
+# One line for each test; the last lines are "documents: N passed, N failed" and the same of "consumer".
 set -uo pipefail
 
 if [ $# -gt 1 ]; then
@@ -44,18 +45,22 @@ configure_and_build() {
   cmake -G Ninja -S "$here" -B "$@" && cmake --build "$1"
 }
 
-# The first sample: name and the number of records that the installed qvslm shows.
-samples=("$sources"/samples/files/*.qvd)
-sample=${samples[0]}
+# A whole sample, and a copy that is cut: one that can still be walked.
+sample=$sources/samples/files/night_europe.qvd
+cut=$work/cut.qvd
+head -c 4000 "$sample" >"$cut"
 
-# walks PROGRAM: it tells the version and counts the records of the sample as qvslm shows them;
-# without a sample, or without a file, it gets the status for a file that cannot be opened.
+# walks PROGRAM: it tells the version, and counts the records of a sample and of a cut one as qvslm shows
+# them; without a file it says that it cannot be opened.
 walks() {
-  [ "$("$1")" = "$(printf 'translation 323\n-302')" ] || return 1
-  [ -f "$sample" ] || return 0
-  local records
-  records=$("$prefix/bin/qvslm" dump "$sample" | wc -l)
-  [ "$records" -gt 1 ] && [ "$("$1" "$sample")" = "$(printf 'translation 323\n%s' "$records")" ]
+  local whole part
+  whole=$("$prefix/bin/qvslm" dump "$sample" | wc -l)
+  part=$("$prefix/bin/qvslm" dump "$cut" 2>/dev/null | wc -l)
+  [ "$part" -gt 1 ] && [ "$whole" -gt "$part" ] || return 1
+  diff <("$1") <(printf 'translation 323\n0\nthe file cannot be opened\n') &&
+    diff <("$1" "$sample") <(printf 'translation 323\n%s\n' "$whole") &&
+    diff <("$1" "$cut") \
+      <(printf 'translation 323\n%s\nthe file ends before the end of its data\n' "$part")
 }
 
 compile_by_pkgconfig() {
@@ -87,5 +92,8 @@ attempt "build by pkg-config" compile_by_pkgconfig
 attempt "C99 host by pkg-config" walks "$work/pkg_c"
 attempt "C++17 host by pkg-config" walks "$work/pkg_cpp"
 
+"$here/documents.py" "$prefix" "$sample"
+documents=$?
+
 echo "consumer: $passed passed, $failed failed"
-[ "$failed" -eq 0 ]
+[ "$failed" -eq 0 ] && [ "$documents" -eq 0 ]
