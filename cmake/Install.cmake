@@ -1,4 +1,4 @@
-# What `cmake --install` puts where: the library, its two headers, the package files for CMake and
+# What `cmake --install` puts where: the library, its headers, the package files for CMake and
 # pkg-config, and the command-line host where it is built.
 option(QVSLM_INSTALL "Generate the install rules" ${PROJECT_IS_TOP_LEVEL})
 if(NOT QVSLM_INSTALL)
@@ -6,7 +6,8 @@ if(NOT QVSLM_INSTALL)
 endif()
 
 install(TARGETS QVSLMTRANSLATE EXPORT QVSLMTRANSLATETargets)
-install(FILES api/include/qvslmtranslate.h api/include/qvslm_records.h api/include/qvslm_walk.h
+install(FILES api/include/qvslm_layout.h api/include/qvslm_records.h api/include/qvslm_walk.h
+              api/include/qvslmtranslate.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
 if(TARGET qvslm)

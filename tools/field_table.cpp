@@ -1,5 +1,5 @@
 // field_table: reads the public headers and writes what they say of the records, as C++ tables for
-// the host and the tests and as a list for readers.
+// the host and the tests, as a list for readers, and as a proof of the layout for compilers.
 #include <exception>
 #include <fstream>
 #include <iostream>
@@ -29,8 +29,8 @@ void WriteFile(const std::string& path, const std::string& text) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 5) {
-    std::cerr << "usage: field_table qvslm_records.h qvslmtranslate.h TABLE.h LIST.md\n";
+  if (argc != 6) {
+    std::cerr << "usage: field_table qvslm_records.h qvslmtranslate.h TABLE.h LIST.md LAYOUT.h\n";
     return 2;
   }
   try {
@@ -43,6 +43,9 @@ int main(int argc, char** argv) {
     std::ostringstream list;
     field_table::WriteList(records, codes, list);
     WriteFile(argv[4], list.str());
+    std::ostringstream layout;
+    field_table::WriteLayout(records, layout);
+    WriteFile(argv[5], layout.str());
   } catch (const std::exception& fault) {
     std::cerr << "field_table: " << fault.what() << '\n';
     return 1;

@@ -55,11 +55,14 @@ void WriteList(const std::vector<Record>& records, const std::map<int, std::stri
                std::ostream& out) {
   out << "# Records\n\n"
          "<!-- Written by tools/field_table from api/include/qvslm_records.h; "
-         "`cmake --build BUILD --target update_records_list` writes it anew. -->\n\n"
+         "`cmake --build BUILD --target update_generated` writes it anew. -->\n\n"
          "Every record that the library delivers, field by field. The struct of a record is its "
          "name behind `Qv`.\nThe meaning of a field begins with what it holds: `level` (decibels, "
          "999.0 for no value), `dB` (decibels),\n`time` (seconds since 1970-01-01 00:00 UTC), `s` "
-         "(seconds), `%`, `text` or `raw text`, or with its source\n(register, position).\n\n";
+         "(seconds), `%`, `text`, `raw text` or `span` (two bytes as a\n"
+         "number: on model 442 as it is, on others times 12478 / 65536), or with its source "
+         "(register, "
+         "position).\n\n";
   WriteIndex(records, codes, out);
   for (const Record& record : records) {
     out << "\n## " << record.name << "\n";

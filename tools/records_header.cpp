@@ -1,5 +1,6 @@
 #include "records_header.h"
 
+#include <algorithm>
 #include <regex>
 #include <set>
 #include <stdexcept>
@@ -65,8 +66,9 @@ int Size(const Field& field) {
   return size;
 }
 
-void CheckKind(const Record& record, const Field& field) {
+void CheckComment(const Record& record, const Field& field) {
   std::string const where = record.structName + "." + field.name;
+  if (field.comment.empty()) Fail(where, "no comment");
   std::string const kind = Kind(field);
   bool const text = kind == "text" || kind == "raw text";
   if ((field.type == "char") != text) Fail(where, "text stands in char fields, and only there");
@@ -89,22 +91,28 @@ std::vector<Field> ReadFields(const std::string& structName, const std::string& 
   return fields;
 }
 
-// Places the fields where the header's layout lines, which the compiler proves, say they are.
-void PlaceFields(Record& record, const std::map<std::string, int>& layout) {
+// Places the fields one behind the other. Every field must be naturally aligned where it comes to lie,
+// and the record must end on its alignment: then no compiler has a reason to pad, and all agree.
+void PlaceFields(Record& record) {
   int next = 0;
+  int alignment = 1;
   for (Field& field : record.fields) {
-    std::string const where = record.structName + "." + field.name;
-    auto const line = layout.find(where);
-    if (line == layout.end()) Fail(where, "no layout line");
-    field.offset = line->second;
-    if (field.offset != next) Fail(where, "does not follow the field before it");
+    int const element = static_cast<int>(ElementSize(field.type));
+    CheckComment(record, field);
+    if (next % element != 0) {
+      Fail(record.structName + "." + field.name,
+           "offset " + std::to_string(next) + " is not naturally aligned");
+    }
+    field.offset = next;
     next += Size(field);
-    CheckKind(record, field);
+    alignment = std::max(alignment, element);
   }
-  auto const size = layout.find(record.structName);
-  if (size == layout.end()) Fail(record.structName, "no size line");
-  record.size = size->second;
-  if (record.size != next) Fail(record.structName, "fields do not fill the record");
+  if (next % alignment != 0) {
+    Fail(record.structName, "its size of " + std::to_string(next) +
+                                " bytes is no multiple of its alignment of " +
+                                std::to_string(alignment));
+  }
+  record.size = next;
 }
 
 }  // namespace
@@ -133,13 +141,6 @@ bool IsReserved(const Field& field) {
 }
 
 std::vector<Record> ReadRecords(const std::string& text) {
-  static const std::regex layoutLine(R"(QV_LAYOUT(?:_SIZE)?\((\w+)(?:, (\w+))?, ([0-9]+)\);)");
-  std::map<std::string, int> layout;  // "QvEvent.Model" offsets, "QvEvent" size
-  for (std::sregex_iterator it(text.begin(), text.end(), layoutLine), end; it != end; ++it) {
-    std::string const field = (*it)[2];
-    layout[(*it)[1].str() + (field.empty() ? "" : "." + field)] = std::stoi((*it)[3]);
-  }
-
   static const std::regex opening(R"(typedef struct Qv(\w+) \{\n)");
   static const std::regex code(R"(^Code ([0-9]+), )");
   std::vector<Record> records;
@@ -162,7 +163,7 @@ std::vector<Record> ReadRecords(const std::string& text) {
     std::smatch found;
     if (std::regex_search(record.description.at(0), found, code)) record.code = std::stoi(found[1]);
 
-    PlaceFields(record, layout);
+    PlaceFields(record);
     records.push_back(std::move(record));
   }
   if (records.empty()) Fail("the records", "none found");

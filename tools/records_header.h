@@ -25,7 +25,8 @@ struct Record {
 };
 
 // Both throw std::runtime_error, with what is wrong, when the header breaks its own rules: a field
-// without a layout line, a gap between fields, a comment that does not begin with its kind.
+// without a comment or of another type than its comment says, a field or a record that a compiler
+// would pad.
 std::vector<Record> ReadRecords(const std::string& text);
 // Enumerators of QvRecordCode by value.
 std::map<int, std::string> ReadCodes(const std::string& text);

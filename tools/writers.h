@@ -1,4 +1,4 @@
-// The two forms in which the records are written out.
+// The forms in which the records are written out.
 #pragma once
 
 #include <iosfwd>
@@ -15,5 +15,7 @@ void WriteTable(const std::vector<Record>& records, std::ostream& out);
 // The list for readers, docs/records.md.
 void WriteList(const std::vector<Record>& records, const std::map<int, std::string>& codes,
                std::ostream& out);
+// The header qvslm_layout.h, by which a host's compiler proves every offset and size.
+void WriteLayout(const std::vector<Record>& records, std::ostream& out);
 
 }  // namespace field_table

@@ -65,6 +65,7 @@
 #include <stdint.h>
 #include <string.h>
 
+#include "qvslm_layout.h"
 #include "qvslm_records.h"
 
 #if defined(_WIN32)

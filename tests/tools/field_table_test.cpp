@@ -21,16 +21,13 @@ constexpr std::string_view kRecords =
     "  uint8_t Reserved2[2]; /* zero */\n"
     "  float Level; /* level: of the mark,\n"
     "                  when it | was made */\n"
-    "} QvMark;\n"
-    "QV_LAYOUT_SIZE(QvMark, 8);\n"
-    "QV_LAYOUT(QvMark, RecordType, 0);\n"
-    "QV_LAYOUT(QvMark, Reserved2, 2);\n"
-    "QV_LAYOUT(QvMark, Level, 4);\n";
+    "} QvMark;\n";
 
 struct Result {
   int exitCode;
   std::string table;
   std::string list;
+  std::string layout;
   std::string errors;
 };
 
@@ -44,13 +41,14 @@ Result Generate(std::string_view recordsHeader, std::string_view codesHeader = k
   test::TempFile const codes(codesHeader);
   test::TempFile const table("");
   test::TempFile const list("");
+  test::TempFile const layout("");
   test::TempFile const errors("");
   std::string const command = std::string(FIELD_TABLE_PROGRAM) + " " + records.Path() + " " +
-                              codes.Path() + " " + table.Path() + " " + list.Path() + " 2>" +
-                              errors.Path();
+                              codes.Path() + " " + table.Path() + " " + list.Path() + " " +
+                              layout.Path() + " 2>" + errors.Path();
   int const status = std::system(command.c_str());
   return {WEXITSTATUS(status), Contents(table.Path()), Contents(list.Path()),
-          Contents(errors.Path())};
+          Contents(layout.Path()), Contents(errors.Path())};
 }
 
 std::string Replaced(std::string text, std::string_view from, std::string_view to) {
@@ -59,7 +57,7 @@ std::string Replaced(std::string text, std::string_view from, std::string_view t
   return at == std::string::npos ? text : text.replace(at, from.size(), to);
 }
 
-TEST(FieldTable, WritesTableAndList) {
+TEST(FieldTable, WritesTableListAndLayout) {
   Result const result = Generate(kRecords);
   EXPECT_EQ(result.exitCode, 0) << result.errors;
   EXPECT_NE(result.table.find("{\"Level\", FieldType::F32, FieldKind::Level, 4, 0, 0, false, "
@@ -72,6 +70,12 @@ TEST(FieldTable, WritesTableAndList) {
   EXPECT_NE(result.list.find("| 4 | `Level` | float | level: of the mark, when it \\| was made |"),
             std::string::npos);
   EXPECT_NE(result.list.find("\nMore of it.\n"), std::string::npos);
+  EXPECT_NE(result.layout.find("\nQV_SIZE(QvMark, 8);\n"
+                               "QV_AT(QvMark, RecordType, 0);\n"
+                               "QV_AT(QvMark, Reserved2, 2);\n"
+                               "QV_AT(QvMark, Level, 4);\n\n"),
+            std::string::npos)
+      << result.layout;
 }
 
 TEST(FieldTable, RefusesWhatTheHeaderMayNotSay) {
@@ -79,10 +83,11 @@ TEST(FieldTable, RefusesWhatTheHeaderMayNotSay) {
     std::string_view from, to, complaint;
   };
   constexpr Row rows[] = {
-      {"QV_LAYOUT(QvMark, Level, 4);\n", "", "QvMark.Level: no layout line"},
-      {"QV_LAYOUT_SIZE(QvMark, 8);\n", "", "QvMark: no size line"},
-      {"QvMark, Level, 4", "QvMark, Level, 6", "QvMark.Level: does not follow the field before it"},
-      {"SIZE(QvMark, 8)", "SIZE(QvMark, 12)", "QvMark: fields do not fill the record"},
+      {"Reserved2[2]", "Reserved2[4]", "QvMark.Level: offset 6 is not naturally aligned"},
+      {"Reserved2[2]", "Reserved2[1]", "QvMark.Level: offset 3 is not naturally aligned"},
+      {"float Level; /* level:", "float Level; /* level */\n  uint16_t Tail; /* tail:",
+       "QvMark: its size of 10 bytes is no multiple of its alignment of 4"},
+      {" /* zero */", "", "QvMark.Reserved2: no comment"},
       {"float Level", "double Level", "double: not a type of record fields"},
       {"float Level", "uint32_t Level", "QvMark.Level: a level is a float"},
       {"level: of", "time: of", "QvMark.Level: a time is an int32_t"},
