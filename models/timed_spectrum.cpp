@@ -19,11 +19,12 @@ i32 DecodeStream21() {
   record.RecordIndex = ++context.Count21;
   if (!PassBlock()) return FailWith(QV_SEEK_FAILED);
 
-  record.BlockByte = ReadByte();
-  DecodeDuration(record.SpectrumTime, 3);
-  DecodeLevel(record.Level);
+  BodyFields fields;
+  record.BlockByte = fields.Byte();
+  DecodeDuration(fields, record.SpectrumTime, 3);
+  DecodeLevel(fields, record.Level);
   int const bands = (context.SetupFlags & kThirdOctaves) != 0 ? 33 : 11;
-  for (int band = 0; band < bands; ++band) DecodeLevel(record.Bands[band]);
+  for (int band = 0; band < bands; ++band) DecodeLevel(fields, record.Bands[band]);
 
   LookAhead();
   return 0;
