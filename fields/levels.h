@@ -130,4 +130,13 @@ inline void DecodeDuration5(BodyFields& fields, f32& result) {
   DecodeDuration(fields, result, 5);
 }
 
+// Fields of one form, one behind the other. They are read through a copy of the reader: compilers keep
+// it in registers also where the reader itself has been handed to other calls.
+template <auto kDecode, class Values>
+void DecodeRow(BodyFields& fields, Values&& values) {
+  BodyFields row = fields;
+  for (auto& value : values) kDecode(row, value);
+  fields = row;
+}
+
 }  // namespace qvslm

@@ -64,10 +64,10 @@ void DecodeGroup6(BodyFields& fields, QvFieldHistory& record) {
   constexpr u16 kTable2 = 1;
   DecodeGroup(fields, record.StreamMaskF & kFields, record.Group6, ReadField);
   if ((record.StreamMaskF & kTable1) != 0) {
-    for (f32& band : record.Table1) DecodeStreamField(fields, band);
+    DecodeStreamFields(fields, record.Table1);
   }
   if ((record.StreamMaskF & kTable2) != 0) {
-    for (f32& band : record.Table2) DecodeStreamField(fields, band);
+    DecodeStreamFields(fields, record.Table2);
   }
 }
 

@@ -31,7 +31,7 @@ i32 DecodeRec2Model431Mode0() {
   record.Byte11 = fields.Byte();
   if ((context.SetupFlags & kAllThirds) != 0) {
     record.BandFlags = kAllThirdsShown;
-    for (f32& band : record.Bands) DecodeLevel(fields, band);
+    DecodeRow<DecodeLevel>(fields, record.Bands);
   } else {
     for (int band = 1; band < 30; band += 3) DecodeLevel(fields, record.Bands[band]);
   }

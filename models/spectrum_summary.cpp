@@ -42,8 +42,8 @@ i32 DecodeRec2Model442Mode0() {
   record.Byte26 = fields.Byte();
   if (context.SummaryLnOn != 0) {
     record.SectionFlags |= kPercentilesPresent;
-    for (f32& level : record.PercentileLevels) DecodeLevel(fields, level);
-    for (f32& number : record.PercentileNumbers) DecodeSignedFixed16(fields, number);
+    DecodeRow<DecodeLevel>(fields, record.PercentileLevels);
+    DecodeRow<DecodeSignedFixed16>(fields, record.PercentileNumbers);
   }
   if (context.ExtraBlockOn != 0) {
     record.SectionFlags |= kSpansPresent;
@@ -56,15 +56,15 @@ i32 DecodeRec2Model442Mode0() {
     record.DistributionPresent = 1;
     fields.Raw(record.Distribution, sizeof record.Distribution);
   }
-  for (f32& band : record.Bands) DecodeLevel(fields, band);
+  DecodeRow<DecodeLevel>(fields, record.Bands);
   SumOctaves(record.Bands, record.Octaves, 11);
   if (context.SecondSpectrumOn != 0) {
-    for (f32& band : record.SecondBands) DecodeLevel(fields, band);
+    DecodeRow<DecodeLevel>(fields, record.SecondBands);
   }
   SumOctaves(record.SecondBands, record.SecondOctaves, 11);
   if (context.SpectraKind == kSixSpectra) {
     for (int row = 5; row >= 0; --row) {
-      for (f32& band : record.Spectra[row]) DecodeLevelZeroMarked(fields, band);
+      DecodeRow<DecodeLevelZeroMarked>(fields, record.Spectra[row]);
     }
   }
 

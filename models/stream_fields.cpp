@@ -18,14 +18,28 @@ Pair ReadPair(BodyFields& fields) {
   return {bytes[0], twoBytes ? bytes[1] : 0U};
 }
 
+f64 OffsetInForce() {
+  const TranslateContext& context = *CurrentContext;
+  return context.WholeDbStream != 0 ? WholeLevelOffset() : context.LevelOffset;
+}
+
+f32 FieldOf(Pair pair, f64 offset) {
+  auto const [hi, lo] = pair;
+  return hi + lo == 0 ? 0.0F : Stored(Parts256(hi * 256 + lo) + offset);
+}
+
 }  // namespace
 
 i32 DecodeStreamField(BodyFields& fields, f32& result) {
-  const TranslateContext& context = *CurrentContext;
-  auto const [hi, lo] = ReadPair(fields);
-  f64 const offset = context.WholeDbStream != 0 ? WholeLevelOffset() : context.LevelOffset;
-  result = hi + lo == 0 ? 0.0F : Stored(Parts256(hi * 256 + lo) + offset);
+  result = FieldOf(ReadPair(fields), OffsetInForce());
   return fields.Status();
+}
+
+void DecodeStreamFields(BodyFields& fields, std::span<f32> values) {
+  BodyFields row = fields;
+  f64 const offset = OffsetInForce();
+  for (f32& value : values) value = FieldOf(ReadPair(row), offset);
+  fields = row;
 }
 
 i32 DecodeStreamRatio(BodyFields& fields, f32& result) {

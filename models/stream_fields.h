@@ -2,12 +2,16 @@
 // returns the status of the last byte read.
 #pragma once
 
+#include <span>
+
 #include "fields/body_fields.h"
 
 namespace qvslm {
 
 // A level, with the level offset where it is not 0.
 i32 DecodeStreamField(BodyFields& fields, f32& result);
+// As many of them as there are values.
+void DecodeStreamFields(BodyFields& fields, std::span<f32> values);
 i32 DecodeStreamRatio(BodyFields& fields, f32& result);
 i32 DecodeStreamSixteenth(BodyFields& fields, f32& result);
 // A level less the reference level.

@@ -1,5 +1,7 @@
 // Item 2 of model 442 in modes 4 and 5: tables of levels.
 
+#include <span>
+
 #include "fields/data_file.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
@@ -27,8 +29,8 @@ i32 DecodeRec2Model442Mode4() {
   DecodeU16Short(fields, record.Word6);
   fields.Raw(reinterpret_cast<u8*>(record.Text8), sizeof record.Text8 - 1);
   DecodeLevel(fields, record.Level16);
-  int const bands = context.BandFlag != 0 ? 33 : 11;
-  for (int band = 0; band < bands; ++band) DecodeLevel(fields, record.Bands[band]);
+  std::size_t const bands = context.BandFlag != 0 ? 33 : 11;
+  DecodeRow<DecodeLevel>(fields, std::span(record.Bands, bands));
   record.BandFlag = context.BandFlag;
   KeepFilePosition();
   return 0;  // also for a short body
@@ -43,7 +45,7 @@ i32 DecodeRec2Model442Mode5() {
   DecodeU16Short(fields, record.Word6);
   record.Byte8 = fields.Byte();
   DecodeLevel(fields, record.Level9);
-  for (f32& level : record.Levels) DecodeLevel(fields, level);
+  DecodeRow<DecodeLevel>(fields, record.Levels);
   KeepFilePosition();
   return 0;  // also for a short body
 }

@@ -11,24 +11,19 @@ namespace qvslm {
 
 namespace {
 
-template <std::size_t Count>
-void DecodeLevels(BodyFields& fields, f32 (&levels)[Count]) {
-  for (f32& level : levels) DecodeLevel(fields, level);
-}
-
 void DecodeTallyLevels(BodyFields& fields, QvTallyLevels& record) {
-  DecodeLevels(fields, record.Levels13);
-  DecodeLevels(fields, record.Levels31);
-  DecodeLevels(fields, record.Levels49);
+  DecodeRow<DecodeLevel>(fields, record.Levels13);
+  DecodeRow<DecodeLevel>(fields, record.Levels31);
+  DecodeRow<DecodeLevel>(fields, record.Levels49);
   DecodeLevel(fields, record.Level55);
   DecodeLevel(fields, record.Level57);
-  for (f32& value : record.Values59) DecodeSignedFixed16(fields, value);
-  DecodeLevels(fields, record.Levels71);
+  DecodeRow<DecodeSignedFixed16>(fields, record.Values59);
+  DecodeRow<DecodeLevel>(fields, record.Levels71);
 }
 
 void DecodeTallyBands(BodyFields& fields, QvTallyBands& record) {
-  DecodeLevels(fields, record.Bands13);
-  DecodeLevels(fields, record.Bands79);
+  DecodeRow<DecodeLevel>(fields, record.Bands13);
+  DecodeRow<DecodeLevel>(fields, record.Bands79);
 }
 
 void DecodeTallyTotals(BodyFields& fields, QvTallyTotals& record) {

@@ -1,3 +1,5 @@
+#include <span>
+
 #include "fields/byte_reader.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
@@ -23,8 +25,8 @@ i32 DecodeStream21() {
   record.BlockByte = fields.Byte();
   DecodeDuration(fields, record.SpectrumTime, 3);
   DecodeLevel(fields, record.Level);
-  int const bands = (context.SetupFlags & kThirdOctaves) != 0 ? 33 : 11;
-  for (int band = 0; band < bands; ++band) DecodeLevel(fields, record.Bands[band]);
+  std::size_t const bands = (context.SetupFlags & kThirdOctaves) != 0 ? 33 : 11;
+  DecodeRow<DecodeLevel>(fields, std::span(record.Bands, bands));
 
   LookAhead();
   return 0;

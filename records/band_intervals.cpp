@@ -1,3 +1,5 @@
+#include <span>
+
 #include "fields/data_file.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
@@ -12,9 +14,9 @@ namespace {
 constexpr u16 kThirdOctaves = 128;
 
 void DecodeBands(BodyFields& fields, f32& overall, f32 (&bands)[33]) {
-  int const count = (CurrentContext->SetupFlags & kThirdOctaves) != 0 ? 33 : 11;
+  std::size_t const count = (CurrentContext->SetupFlags & kThirdOctaves) != 0 ? 33 : 11;
   DecodeLevel(fields, overall);
-  for (int band = 0; band < count; ++band) DecodeLevel(fields, bands[band]);
+  DecodeRow<DecodeLevel>(fields, std::span(bands, count));
 }
 
 }  // namespace

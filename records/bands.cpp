@@ -84,9 +84,10 @@ i32 TimeOfSummary(u32 number) {
 i32 TimeOfInterval(u32 number, i32* slot) {
   if (SeekRecord(1, number) < 0) return PresentTime();
   BodyFields fields;
-  IntervalHead head = DecodeIntervalHead(fields);
+  Calendar stamp;
+  IntervalHead const head = DecodeIntervalHead(fields, stamp);
   NoteStatus(fields);
-  return head.Start(NormalizeTime(head.Stamp, slot));
+  return head.Start(NormalizeTime(stamp, slot));
 }
 
 }  // namespace

@@ -31,12 +31,12 @@ bool HasWidePercentileNumbers() {
 }
 
 void DecodeHours(BodyFields& fields, f32 (&levels)[24]) {
-  for (f32& level : levels) DecodeFlaggedLevel(fields, level);
+  DecodeRow<DecodeFlaggedLevel>(fields, levels);
 }
 
 void DecodeAbsoluteHours(BodyFields& fields, f32 (&levels)[24]) {
+  DecodeRow<DecodeFlaggedLevel>(fields, levels);
   for (f32& level : levels) {
-    DecodeFlaggedLevel(fields, level);
     if (level < 0.0) level = -level;
   }
 }
@@ -60,9 +60,9 @@ i32 DecodeExtraBlock(BodyFields& fields, QvDaySummary& record, Calendar& stamp) 
 i32 DecodeHourCounters(BodyFields& fields, QvDaySummary& record) {
   DecodeU16Short(fields, record.Value2);
   DecodeU16Short(fields, record.Value3);
-  for (u16& count : record.HourCounts) DecodeU16Short(fields, count);
+  DecodeRow<DecodeU16Short>(fields, record.HourCounts);
   if (CurrentContext->SettingQ120 == 0) {
-    for (u16& value : record.HourValues) DecodeU16Short(fields, value);
+    DecodeRow<DecodeU16Short>(fields, record.HourValues);
     return 0;
   }
   for (int hour = 0; hour < 24; ++hour) {
@@ -74,9 +74,9 @@ i32 DecodeHourCounters(BodyFields& fields, QvDaySummary& record) {
 
 i32 DecodePercentiles(BodyFields& fields, QvDaySummary& record) {
   record.DayFlags |= kPercentilesPresent;
-  for (f32& level : record.PercentileLevels) DecodeLevel(fields, level);
+  DecodeRow<DecodeLevel>(fields, record.PercentileLevels);
   if (HasWidePercentileNumbers()) {
-    for (f32& number : record.PercentileNumbers) DecodeSignedFixed16(fields, number);
+    DecodeRow<DecodeSignedFixed16>(fields, record.PercentileNumbers);
     return 0;
   }
   for (f32& number : record.PercentileNumbers) number = fields.Byte();

@@ -8,7 +8,6 @@
 namespace qvslm {
 
 struct IntervalHead {
-  Calendar Stamp;
   f32 Duration;
   f32 LevelA;
   f32 LevelB;
@@ -28,9 +27,9 @@ struct IntervalHead {
   }
 };
 
-inline IntervalHead DecodeIntervalHead(BodyFields& fields) {
+inline IntervalHead DecodeIntervalHead(BodyFields& fields, Calendar& stamp) {
   IntervalHead head;
-  head.Stamp = DecodePackedStamp(fields);
+  stamp = DecodePackedStamp(fields);
   DecodeDuration5(fields, head.Duration);
   DecodeLevel(fields, head.LevelA);
   DecodeLevel(fields, head.LevelB);

@@ -73,7 +73,8 @@ i32 DecodeRec1(i16 limitLevel) {
   i32 status = 0;
 
   BodyFields fields;
-  IntervalHead head = DecodeIntervalHead(fields);
+  Calendar stamp;
+  IntervalHead const head = DecodeIntervalHead(fields, stamp);
   record.Duration = head.Duration;
   record.LevelA = head.LevelA;
   record.LevelB = head.LevelB;
@@ -127,7 +128,7 @@ i32 DecodeRec1(i16 limitLevel) {
   }
 
   KeepFilePosition();
-  PlaceInTime(record, head, NormalizeTime(head.Stamp, &LastTimes.LastTimeRec1));
+  PlaceInTime(record, head, NormalizeTime(stamp, &LastTimes.LastTimeRec1));
   NoteRecordTime(record.RecordTime);
   return status;
 }

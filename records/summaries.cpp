@@ -19,7 +19,7 @@ enum SummaryFlag : u16 {
 };
 
 void DecodePercentiles(BodyFields& fields, QvSummary& record) {
-  for (f32& level : record.PercentileLevels) DecodeLevel(fields, level);
+  DecodeRow<DecodeLevel>(fields, record.PercentileLevels);
   for (f32& number : record.PercentileNumbers) {
     if (IsModel431Or442()) {
       DecodeSignedFixed16(fields, number);
