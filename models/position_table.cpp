@@ -74,27 +74,29 @@ void StoreDateOrClock(BodyFields& fields, const Position& position, u8* field) {
   u8 const a = fields.Byte();
   u8 const b = fields.Byte();
   if (position.form == BodyForm::ShortClockText) {
-    return StoreText(field, position.size, PutPacked, ':', {a, b});
+    return StoreText(field, position.field.size, PutPacked, ':', {a, b});
   }
   u8 const c = fields.Byte();
   switch (position.form) {
     case BodyForm::DateText:
-      return StoreText(field, position.size, PutPacked, '/', {c, b, a});
+      return StoreText(field, position.field.size, PutPacked, '/', {c, b, a});
     case BodyForm::PlainClockText:
-      return StoreText(field, position.size, PutPlain, ':', {a, b, c});
+      return StoreText(field, position.field.size, PutPlain, ':', {a, b, c});
     default:
-      return StoreText(field, position.size, PutPacked, ':', {a, b, c});
+      return StoreText(field, position.field.size, PutPacked, ':', {a, b, c});
   }
 }
 
 void DecodePosition(const Position& position, u8* field) {
   BodyFields fields(position.at);
-  u16 const size = position.size;
+  u16 const size = position.field.size;
   switch (position.form) {
     case BodyForm::Byte:
       return size == 1 ? Store(field, fields.Byte()) : Store(field, u16{fields.Byte()});
     case BodyForm::Bytes:
       return fields.Raw(field, size);
+    case BodyForm::EndedBytes:
+      return fields.Raw(field, size - 1U);
     case BodyForm::WideBytes:
       return StoreWideBytes(fields, field, size);
     case BodyForm::Word:
@@ -141,7 +143,7 @@ bool IsFirmware(Firmware firmware) {
 void DecodePositions(std::span<const Position> positions, void* record) {
   for (const Position& position : positions) {
     if (!IsFirmware(position.firmware)) continue;
-    DecodePosition(position, static_cast<u8*>(record) + position.offset);
+    DecodePosition(position, static_cast<u8*>(record) + position.field.offset);
   }
 }
 

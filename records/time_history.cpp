@@ -238,6 +238,9 @@ i32 DecodeStream() {
   }
   context.RecordLength = kStreamBlock;
   ClearOutput(sizeof(QvTimeHistory));
+  // How many bytes came is not asked: the file's last stream fills no block of this size, and its end is
+  // told by a 0 in the stream. Where the file is cut before that, the decoder goes on with what stands in
+  // the buffer from the block before, as it does in every body that comes short.
   ReadRecordBlock(kStreamBlock);
 
   StreamCall call;
