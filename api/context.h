@@ -52,8 +52,8 @@ struct TranslateContext {
   // Record in hand.
   void* Output;
   u8* RawRecordCopy;
-  // Whether the last block read came whole. Written and never read, since a short block is no error: by
-  // it a debugger or a test sees in a context, or a copy of one, how the last read went.
+  // Whether the last block read came whole. Written and never read, since a short block is no
+  // error: by it a debugger or a test sees in a context, or a copy of one, how the last read went.
   u32 BytesRead;
   i32 RecordPos;
   u32 RecordLength;
@@ -128,8 +128,8 @@ struct TranslateContext {
 
   // The end record, built up on the way, and the times that pace the streams.
   QvEnd EndRecord;
-  // The last register R175 of model 442. Written and never read by the library, and kept from file to
-  // file: like BytesRead it is there for who looks into a context.
+  // The last register R175 of model 442. Written and never read by the library, and kept from file
+  // to file: like BytesRead it is there for who looks into a context.
   i32 StampR175;
   i16 SamplesPending;
   u16 RunEventWriteIndex, RunEventReadIndex;

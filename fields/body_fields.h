@@ -1,11 +1,11 @@
 // The fields of the record in hand, one behind the other: every body is read through it.
 //
-// The place stands here and not in the context, so that compilers keep it in a register from field to
-// field; records come by the million. Bytes behind the record's end are 0.
+// The place stands here and not in the context, so that compilers keep it in a register from field
+// to field; records come by the million. Bytes behind the record's end are 0.
 //
 // Beside it there is ReadByte (fields/byte_reader.h) for a sample stream that is passed and not
-// delivered: its place stands in the context, since such a stream goes on from block to block of the
-// file. A body never does.
+// delivered: its place stands in the context, since such a stream goes on from block to block of
+// the file. A body never does.
 #pragma once
 
 #include <algorithm>

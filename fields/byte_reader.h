@@ -13,8 +13,8 @@ namespace qvslm {
 bool RefillRecordBuffer();
 
 // The next byte of the record in hand, at RecordPos. The status becomes 0, or -313 behind the
-// record's end, where the byte is 0. With AutoRefill the record goes on in the next block of the file
-// instead.
+// record's end, where the byte is 0. With AutoRefill the record goes on in the next block of the
+// file instead.
 inline u8 ReadByte(i32& status) {
   TranslateContext& context = *CurrentContext;
   status = 0;
@@ -41,8 +41,8 @@ inline u32 ReadLengthU16() {
 // record begin there. Returns how many came.
 std::size_t ReadRecordBlock(u32 count);
 
-// Reads length and body of an item to RecordLength and RecordBuffer. A length above kLongestRecord is
-// left at that, without a body.
+// Reads length and body of an item to RecordLength and RecordBuffer. A length above kLongestRecord
+// is left at that, without a body.
 void ReadItem();
 
 // Passes the items of one type byte that the window holds whole, one behind the other. Returns how

@@ -14,8 +14,8 @@ struct FieldPlace {
 
 }  // namespace qvslm
 
-// offsetof and sizeof take the name of a field, and no constexpr can hand a name on. Hence macros, for
-// the rows of tables and nothing else.
+// offsetof and sizeof take the name of a field, and no constexpr can hand a name on. Hence macros,
+// for the rows of tables and nothing else.
 #define QV_FIELD(record, name)                   \
   ::qvslm::FieldPlace {                          \
     offsetof(record, name), sizeof(record::name) \

@@ -1,14 +1,14 @@
 // The small field forms of the binary records, each as a step of BodyFields. Sums and quotients are
-// those of double precision, rounded to f32 when they are stored. Of two f32, single precision gives
-// the very same sum, and faster: double precision has more than twice its digits. Behind a record's
-// end the bytes read as 0, and the reader has the status of the last byte.
+// those of double precision, rounded to f32 when they are stored. Of two f32, single precision
+// gives the very same sum, and faster: double precision has more than twice its digits. Behind a
+// record's end the bytes read as 0, and the reader has the status of the last byte.
 //
 // They run for every field of every record, and so stand here in full for the compiler to put in
 // place.
 //
 // The forms are kept as a complete set, with those of streams and of the calendar. No decoder calls
-// DecodeU8, DecodeStreamLevel2, DaysInMonth, SecsOfDay or FormatHms today; they stay, tested like the
-// others, so that each kind of field that instruments write is found by its name.
+// DecodeU8, DecodeStreamLevel2, DaysInMonth, SecsOfDay or FormatHms today; they stay, tested like
+// the others, so that each kind of field that instruments write is found by its name.
 #pragma once
 
 #include "fields/body_fields.h"
@@ -130,8 +130,8 @@ inline void DecodeDuration5(BodyFields& fields, f32& result) {
   DecodeDuration(fields, result, 5);
 }
 
-// Fields of one form, one behind the other. They are read through a copy of the reader: compilers keep
-// it in registers also where the reader itself has been handed to other calls.
+// Fields of one form, one behind the other. They are read through a copy of the reader: compilers
+// keep it in registers also where the reader itself has been handed to other calls.
 template <auto kDecode, class Values>
 void DecodeRow(BodyFields& fields, Values&& values) {
   BodyFields row = fields;

@@ -89,9 +89,9 @@ constexpr u32 BodyWidth(const Position& row) {
   return 0;
 }
 
-// What a table is proved by: each form fits its field, and the rows that a firmware version has stand
-// in order, none taking a byte of the body, or writing one of the record, that another one does. Rows
-// without a version in common are alternatives, and may.
+// What a table is proved by: each form fits its field, and the rows that a firmware version has
+// stand in order, none taking a byte of the body, or writing one of the record, that another one
+// does. Rows without a version in common are alternatives, and may.
 constexpr bool IsSoundTable(std::span<const Position> positions) {
   for (std::size_t at = 0; at < positions.size(); ++at) {
     const Position& row = positions[at];

@@ -204,8 +204,8 @@ class StreamCall {
     return false;
   }
 
-  // Puts a marker into the record, and a sample at or below 0, which counts as one. A run marker sets the
-  // time to that of the event it answers to, and completes the record.
+  // Puts a marker into the record, and a sample at or below 0, which counts as one. A run marker
+  // sets the time to that of the event it answers to, and completes the record.
   bool CollectMarker(const Entry& entry) {
     TranslateContext& context = *CurrentContext;
     i32 const code = MarkerCode(entry.first);
@@ -238,9 +238,9 @@ i32 DecodeStream() {
   }
   context.RecordLength = kStreamBlock;
   ClearOutput(sizeof(QvTimeHistory));
-  // How many bytes came is not asked: the file's last stream fills no block of this size, and its end is
-  // told by a 0 in the stream. Where the file is cut before that, the decoder goes on with what stands in
-  // the buffer from the block before, as it does in every body that comes short.
+  // How many bytes came is not asked: the file's last stream fills no block of this size, and its
+  // end is told by a 0 in the stream. Where the file is cut before that, the decoder goes on with
+  // what stands in the buffer from the block before, as it does in every body that comes short.
   ReadRecordBlock(kStreamBlock);
 
   StreamCall call;

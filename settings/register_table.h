@@ -59,8 +59,8 @@ struct BandArray {
   f32 octaves[12];
 };
 
-// Whether the form fits a field of that width: it writes no byte behind it, and leaves none unwritten
-// where the form alone says how wide its value is.
+// Whether the form fits a field of that width: it writes no byte behind it, and leaves none
+// unwritten where the form alone says how wide its value is.
 constexpr bool FitsWidth(Form form, std::size_t width) {
   switch (form) {
     case Form::Int16:
@@ -115,8 +115,8 @@ constexpr bool IsResultsForm(Form form) {
   return form <= Form::Text || form >= Form::Int32;
 }
 
-// What a table is proved by: its rows in order of their numbers, each number once, and each form one
-// that the block's parser knows and the field has room for.
+// What a table is proved by: its rows in order of their numbers, each number once, and each form
+// one that the block's parser knows and the field has room for.
 constexpr bool IsSoundTable(std::span<const Register> registers, bool (*isKnown)(Form)) {
   for (std::size_t at = 0; at < registers.size(); ++at) {
     const Register& row = registers[at];
