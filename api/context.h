@@ -58,6 +58,8 @@ struct TranslateContext {
   // Record in hand.
   void* Output;
   u8* RawRecordCopy;
+  // Whether the last block read came whole. A short block is no error; streams and lists ask, to count
+  // what they used of it behind the end of the file.
   u32 BytesRead;
   i32 RecordPos;
   u32 RecordLength;
@@ -131,6 +133,8 @@ struct TranslateContext {
 
   // The end record, built up on the way, and the times that pace the streams.
   QvEnd EndRecord;
+  // The last register R175 of model 442. Written and never read by the library, and kept from file
+  // to file: it shows to who looks into a context, or a copy of one.
   i32 StampR175;
   i16 SamplesPending;
   u16 RunEventWriteIndex, RunEventReadIndex;

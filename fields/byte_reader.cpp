@@ -1,6 +1,5 @@
 #include "fields/byte_reader.h"
 
-#include <algorithm>
 #include <cstring>
 #include <limits>
 
@@ -17,22 +16,6 @@ bool RefillRecordBuffer() {
   context.FileOffset += static_cast<i32>(length);
   context.RecordPos = 0;
   return true;
-}
-
-const u8* TakeLastBytes(u32 count) {
-  static u8 bytes[8];
-  for (u32 at = 0; at < count; ++at) bytes[at] = ReadByte();
-  return bytes;
-}
-
-void ReadRawBytes(u8* target, u32 count) {
-  TranslateContext& context = *CurrentContext;
-  i64 const left = std::max<i64>(0, static_cast<i64>(context.RecordLength) - context.RecordPos);
-  u32 const there = static_cast<u32>(std::min<i64>(left, count));
-  std::memcpy(target, context.RecordBuffer + context.RecordPos, there);
-  std::memset(target + there, 0, count - there);
-  context.RecordPos += static_cast<i32>(there);
-  context.ErrorCode = there == count ? QV_OK : QV_RECORD_TOO_SHORT;
 }
 
 std::size_t ReadRecordBlock(u32 count) {

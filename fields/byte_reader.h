@@ -1,4 +1,7 @@
-// The byte reader: every field of a record is taken through it.
+// From the file to RecordBuffer: the bodies of items and the blocks of streams, and the bytes of a
+// stream that goes on from block to block.
+//
+// The fields of a body are read through BodyFields (fields/body_fields.h).
 #pragma once
 
 #include "api/context.h"
@@ -9,8 +12,9 @@ namespace qvslm {
 // Reads the next block of a stream into RecordBuffer. False when not one byte came.
 bool RefillRecordBuffer();
 
-// The next byte of the record in hand. The status becomes 0, or -313 behind the record's end, where
-// the byte is 0. With AutoRefill the record goes on in the next block of the file instead.
+// The next byte of the record in hand, at RecordPos. The status becomes 0, or -313 behind the
+// record's end, where the byte is 0. With AutoRefill the record goes on in the next block of the
+// file instead.
 inline u8 ReadByte(i32& status) {
   TranslateContext& context = *CurrentContext;
   status = 0;
@@ -22,39 +26,6 @@ inline u8 ReadByte(i32& status) {
   }
   return context.RecordBuffer[context.RecordPos++];
 }
-
-inline u8 ReadByte() {
-  return ReadByte(CurrentContext->ErrorCode);
-}
-
-inline void SkipByte() {
-  ReadByte();
-}
-
-// The next bytes of a field, eight at most, one behind the other. Behind the record's end they are
-// 0, and ErrorCode is that of the last one.
-const u8* TakeLastBytes(u32 count);
-inline const u8* TakeBytes(u32 count) {
-  TranslateContext& context = *CurrentContext;
-  i32 const position = context.RecordPos;
-  i32 const behind = position + static_cast<i32>(count);
-  if (behind > static_cast<i32>(context.RecordLength)) [[unlikely]]
-    return TakeLastBytes(count);
-  context.RecordPos = behind;
-  context.ErrorCode = 0;
-  return context.RecordBuffer + position;
-}
-
-// Two bytes, high byte first.
-inline u32 WordOf(const u8* bytes) {
-  return bytes[0] * 256U + bytes[1];
-}
-inline u32 ReadWord() {
-  return WordOf(TakeBytes(2));
-}
-
-// Copies count bytes of the record as they stand, 0 for those behind its end.
-void ReadRawBytes(u8* target, u32 count);
 
 // A length of two bytes, high byte first, straight from the file. A byte behind the end of the file
 // counts as -1: without its first byte the length comes out above every one that a record may have.

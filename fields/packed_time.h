@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "fields/byte_reader.h"
+#include "fields/body_fields.h"
 #include "fields/local_time.h"
 
 namespace qvslm {
@@ -24,9 +24,13 @@ constexpr i32 PackedDecimal(u8 byte) {
   return kPackedDecimals[byte];
 }
 
+static_assert(PackedDecimal(0x45) == 45 && PackedDecimal(0x4A) == 4 && PackedDecimal(0xA4) == 0 &&
+              PackedDecimal(0xFF) == 0);
+
 // Day, month, year. A month out of range is January, a day out of range the first, and years before
 // 70 lie behind 2000.
-inline void PackedDateOf(const u8* bytes, Calendar& calendar) {
+inline void DecodePackedDate(BodyFields& fields, Calendar& calendar) {
+  const u8* const bytes = fields.Take(3);
   i32 const day = PackedDecimal(bytes[0]);
   i32 const month = PackedDecimal(bytes[1]) - 1;
   i32 const year = PackedDecimal(bytes[2]);
@@ -34,18 +38,21 @@ inline void PackedDateOf(const u8* bytes, Calendar& calendar) {
   calendar.Day = day < 1 || day > 31 ? 1 : day;
   calendar.Year = year < 70 ? year + 100 : year;
 }
-inline void DecodePackedDate(Calendar& calendar) {
-  PackedDateOf(TakeBytes(3), calendar);
-}
 
 // Hour, minute, second, as they stand.
-inline void PackedTimeOf(const u8* bytes, Calendar& calendar) {
+inline void DecodePackedTime(BodyFields& fields, Calendar& calendar) {
+  const u8* const bytes = fields.Take(3);
   calendar.Hour = PackedDecimal(bytes[0]);
   calendar.Minute = PackedDecimal(bytes[1]);
   calendar.Second = PackedDecimal(bytes[2]);
 }
-inline void DecodePackedTime(Calendar& calendar) {
-  PackedTimeOf(TakeBytes(3), calendar);
+
+// A record's stamp: date, then time, in a cleared calendar.
+inline Calendar DecodePackedStamp(BodyFields& fields) {
+  Calendar stamp = ClearedCalendar();
+  DecodePackedDate(fields, stamp);
+  DecodePackedTime(fields, stamp);
+  return stamp;
 }
 
 }  // namespace qvslm

@@ -2,7 +2,6 @@
 
 #include <limits>
 
-#include "fields/byte_reader.h"
 #include "fields/levels.h"
 #include "fields/packed_time.h"
 
@@ -74,19 +73,17 @@ void NoteDstEvent(const Calendar& calendar, i16 event) {
 }
 
 i32 ScanEventForDst() {
-  Calendar stamp = ClearedCalendar();
-  SkipByte();
-  DecodePackedDate(stamp);
-  DecodePackedTime(stamp);
+  BodyFields fields;
+  fields.Skip(1);
+  Calendar const stamp = DecodePackedStamp(fields);
   u16 event = 0;
   u16 detail = 0;
-  DecodeEventByte(event, detail);
+  DecodeEventByte(fields, event, detail);
   u16 value16 = 0;
-  DecodeU16Short(value16);
-  DecodeU24();
-  i32 const status = CurrentContext->ErrorCode;
+  DecodeU16Short(fields, value16);
+  DecodeU24(fields);
   if (event == 0 || event == 64) NoteDstEvent(stamp, static_cast<i16>(event));
-  return status;
+  return fields.Status();
 }
 
 }  // namespace qvslm

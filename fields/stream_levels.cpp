@@ -43,27 +43,21 @@ StreamLevels StreamLevelsInForce() {
   };
 }
 
-i32 DecodeStreamLevel(u8 first, f32& result) {
-  TranslateContext& context = *CurrentContext;
+i32 DecodeStreamLevel(BodyFields& fields, u8 first, f32& result) {
   u32 lo = 0;
-  if (context.WholeDbStream == 0) {
-    lo = ReadByte();
-    if (context.ErrorCode < 0) return context.ErrorCode;
+  if (CurrentContext->WholeDbStream == 0) {
+    lo = fields.Byte();
+    if (fields.Status() < 0) return fields.Status();
   }
   result = StreamLevelsInForce().First(first, lo);
   return 0;
 }
 
-i32 DecodeStreamLevel2(f32& result) {
-  TranslateContext& context = *CurrentContext;
-  u32 const hi = ReadByte();
-  if (context.ErrorCode < 0) return context.ErrorCode;
-  u32 lo = 0;
-  if (context.WholeDbStream == 0) {
-    lo = ReadByte();
-    if (context.ErrorCode < 0) return context.ErrorCode;
-  }
-  result = StreamLevelsInForce().Second(hi, lo);
+i32 DecodeStreamLevel2(BodyFields& fields, f32& result) {
+  bool const twoBytes = CurrentContext->WholeDbStream == 0;
+  const u8* const bytes = fields.Take(twoBytes ? 2 : 1);
+  if (fields.Status() < 0) return fields.Status();
+  result = StreamLevelsInForce().Second(bytes[0], twoBytes ? bytes[1] : 0U);
   return 0;
 }
 

@@ -56,8 +56,8 @@ StreamLevels StreamLevelsInForce();
 
 // The first level of a sample, whose first byte has been read, and the second one. Each returns a
 // status; a level whose bytes are missing is left as it was.
-i32 DecodeStreamLevel(u8 first, f32& result);
-i32 DecodeStreamLevel2(f32& result);
+i32 DecodeStreamLevel(BodyFields& fields, u8 first, f32& result);
+i32 DecodeStreamLevel2(BodyFields& fields, f32& result);
 
 // Passes the samples ahead in RecordBuffer, as far as they stand there whole. Returns how many.
 u32 PassSamples();

@@ -16,75 +16,75 @@ constexpr u16 kGroupSelector = 4;
 // Walks the bits of a mask from 7 down to 0 and reads a value for each that is set. The reader is
 // given the bit and where the value goes; a value that the block does not hold is not stored.
 template <class Reader>
-void DecodeGroup(u16 mask, f32 (&group)[8], Reader read) {
+void DecodeGroup(BodyFields& fields, u16 mask, f32 (&group)[8], Reader read) {
   for (int bit = 7; bit >= 0; --bit) {
     if ((mask >> bit & 1) == 0) continue;
     f32 value = 0;
-    if (read(bit, value) >= 0) group[bit] = value;
+    if (read(fields, bit, value) >= 0) group[bit] = value;
   }
 }
 
-i32 ReadField(int, f32& value) {
-  return DecodeStreamField(value);
+i32 ReadField(BodyFields& fields, int, f32& value) {
+  return DecodeStreamField(fields, value);
 }
 
-i32 ReadPlainByte(f32& value) {
-  i32 status = 0;
-  value = ReadByte(status);
-  return status;
+i32 ReadPlainByte(BodyFields& fields, f32& value) {
+  value = fields.Byte();
+  return fields.Status();
 }
 
-void DecodeGroup2(QvFieldHistory& record) {
+void DecodeGroup2(BodyFields& fields, QvFieldHistory& record) {
   bool const fraction = (record.StreamMaskD & 1) != 0;
-  DecodeGroup(record.StreamMaskD, record.Group2, [&](int bit, f32& value) {
-    if (bit == 1) return DecodeStreamCount(value, fraction);
-    return bit == 0 ? ReadPlainByte(value) : DecodeStreamField(value);
-  });
+  DecodeGroup(fields, record.StreamMaskD, record.Group2,
+              [&](BodyFields& body, int bit, f32& value) {
+                if (bit == 1) return DecodeStreamCount(body, value, fraction);
+                return bit == 0 ? ReadPlainByte(body, value) : DecodeStreamField(body, value);
+              });
 }
 
-void DecodeGroup4(QvFieldHistory& record) {
-  DecodeGroup(record.StreamMaskE, record.Group4, [](int bit, f32& value) {
+void DecodeGroup4(BodyFields& fields, QvFieldHistory& record) {
+  DecodeGroup(fields, record.StreamMaskE, record.Group4, [](BodyFields& body, int bit, f32& value) {
     switch (bit) {
       case 2:
-        return DecodeStreamRatio(value);
+        return DecodeStreamRatio(body, value);
       case 1:
-        return DecodeStreamSixteenth(value);
+        return DecodeStreamSixteenth(body, value);
       case 0:
-        return DecodeStreamReferenced(value);
+        return DecodeStreamReferenced(body, value);
       default:
-        return DecodeStreamField(value);
+        return DecodeStreamField(body, value);
     }
   });
 }
 
 // The tables are stored whether or not the block holds them.
-void DecodeGroup6(QvFieldHistory& record) {
+void DecodeGroup6(BodyFields& fields, QvFieldHistory& record) {
   constexpr u16 kFields = 0xFC;
   constexpr u16 kTable1 = 2;
   constexpr u16 kTable2 = 1;
-  DecodeGroup(record.StreamMaskF & kFields, record.Group6, ReadField);
+  DecodeGroup(fields, record.StreamMaskF & kFields, record.Group6, ReadField);
   if ((record.StreamMaskF & kTable1) != 0) {
-    for (f32& band : record.Table1) DecodeStreamField(band);
+    DecodeStreamFields(fields, record.Table1);
   }
   if ((record.StreamMaskF & kTable2) != 0) {
-    for (f32& band : record.Table2) DecodeStreamField(band);
+    DecodeStreamFields(fields, record.Table2);
   }
 }
 
-void DecodeSample(u8 first, QvFieldHistory& record) {
+void DecodeSample(BodyFields& fields, u8 first, QvFieldHistory& record) {
   TranslateContext& context = *CurrentContext;
   context.StreamTime += context.StreamPeriod;
   f32 value = 0;
-  if (DecodeStreamLevel(first, value) >= 0) record.Level = value;
+  if (DecodeStreamLevel(fields, first, value) >= 0) record.Level = value;
   if (context.StreamSelector == kGroupSelector) {
-    DecodeGroup(record.StreamMaskA, record.Group1, ReadField);
-    DecodeGroup2(record);
-    DecodeGroup(record.StreamMaskB, record.Group3, ReadField);
-    DecodeGroup4(record);
-    DecodeGroup(record.StreamMaskC, record.Group5, ReadField);
-    DecodeGroup6(record);
+    DecodeGroup(fields, record.StreamMaskA, record.Group1, ReadField);
+    DecodeGroup2(fields, record);
+    DecodeGroup(fields, record.StreamMaskB, record.Group3, ReadField);
+    DecodeGroup4(fields, record);
+    DecodeGroup(fields, record.StreamMaskC, record.Group5, ReadField);
+    DecodeGroup6(fields, record);
   } else if (context.StreamSelector > 0) {
-    if (DecodeStreamField(value) >= 0) record.SecondValue = value;
+    if (DecodeStreamField(fields, value) >= 0) record.SecondValue = value;
   }
 }
 
@@ -130,15 +130,15 @@ i32 DecodeStream27() {
   ClearOutput(sizeof(QvFieldHistory));
   auto& record = OutputAs<QvFieldHistory>();
   ReadRecordBlock(context.RecordLength);
-  i32 status = 0;
-  u8 const first = ReadByte(status);
-  if (status >= 0) {
+  BodyFields fields;
+  u8 const first = fields.Byte();
+  if (fields.Status() >= 0) {
     FillHead(record);
     if (!PassBlock()) return FailWith(QV_SEEK_FAILED);
     if (first >= kMarker) {
       DecodeMarker(first, record);
     } else {
-      DecodeSample(first, record);
+      DecodeSample(fields, first, record);
     }
   }
   LookAhead();

@@ -3,7 +3,6 @@
 #include <cstring>
 #include <string_view>
 
-#include "fields/byte_reader.h"
 #include "fields/levels.h"
 #include "fields/number_text.h"
 
@@ -18,29 +17,29 @@ void Store(u8* field, Value value) {
 
 // Values of one form that fill the field.
 template <class Decoder>
-void StoreValues(u8* field, u16 size, Decoder decode) {
+void StoreValues(BodyFields& fields, u8* field, u16 size, Decoder decode) {
   for (u8* const end = field + size; field < end; field += sizeof(f32)) {
     f32 value = 0;
-    decode(value);
+    decode(fields, value);
     Store(field, value);
   }
 }
 
-void StoreWideBytes(u8* field, u16 size) {
+void StoreWideBytes(BodyFields& fields, u8* field, u16 size) {
   for (u8* const end = field + size; field < end; field += sizeof(u16)) {
-    Store(field, u16{ReadByte()});
+    Store(field, u16{fields.Byte()});
   }
 }
 
 // The quotient and the sum are both rounded to f32.
-void DecodeFixed24Wide(f32& result) {
-  f32 const whole = ReadByte();
-  auto const fraction = static_cast<f32>(ReadWord() / 65535.0);
+void DecodeFixed24Wide(BodyFields& fields, f32& result) {
+  f32 const whole = fields.Byte();
+  auto const fraction = static_cast<f32>(fields.Word() / 65535.0);
   result = whole + fraction;
 }
 
-void DecodeRatio(f32& result) {
-  result = static_cast<f32>(ReadWord() / 32512.0);
+void DecodeRatio(BodyFields& fields, f32& result) {
+  result = static_cast<f32>(fields.Word() / 32512.0);
 }
 
 // Two digits at least, of packed decimals as they stand or of a plain number.
@@ -71,48 +70,52 @@ void StoreText(u8* field, u16 size, char* (*put)(char*, u8), char mark, const u8
            std::string_view(text, static_cast<std::size_t>(end - text)));
 }
 
-void StoreDateOrClock(const Position& position, u8* field) {
-  u8 const a = ReadByte();
-  u8 const b = ReadByte();
+void StoreDateOrClock(BodyFields& fields, const Position& position, u8* field) {
+  u8 const a = fields.Byte();
+  u8 const b = fields.Byte();
   if (position.form == BodyForm::ShortClockText) {
-    return StoreText(field, position.size, PutPacked, ':', {a, b});
+    return StoreText(field, position.field.size, PutPacked, ':', {a, b});
   }
-  u8 const c = ReadByte();
+  u8 const c = fields.Byte();
   switch (position.form) {
     case BodyForm::DateText:
-      return StoreText(field, position.size, PutPacked, '/', {c, b, a});
+      return StoreText(field, position.field.size, PutPacked, '/', {c, b, a});
     case BodyForm::PlainClockText:
-      return StoreText(field, position.size, PutPlain, ':', {a, b, c});
+      return StoreText(field, position.field.size, PutPlain, ':', {a, b, c});
     default:
-      return StoreText(field, position.size, PutPacked, ':', {a, b, c});
+      return StoreText(field, position.field.size, PutPacked, ':', {a, b, c});
   }
 }
 
 void DecodePosition(const Position& position, u8* field) {
-  u16 const size = position.size;
+  BodyFields fields(position.at);
+  u16 const size = position.field.size;
   switch (position.form) {
     case BodyForm::Byte:
-      return size == 1 ? Store(field, ReadByte()) : Store(field, u16{ReadByte()});
+      return size == 1 ? Store(field, fields.Byte()) : Store(field, u16{fields.Byte()});
     case BodyForm::Bytes:
-      return ReadRawBytes(field, size);
+      return fields.Raw(field, size);
+    case BodyForm::EndedBytes:
+      return fields.Raw(field, size - 1U);
     case BodyForm::WideBytes:
-      return StoreWideBytes(field, size);
+      return StoreWideBytes(fields, field, size);
     case BodyForm::Word:
-      return size == 2 ? Store(field, static_cast<u16>(ReadWord())) : Store(field, ReadWord());
+      return size == 2 ? Store(field, static_cast<u16>(fields.Word()))
+                       : Store(field, fields.Word());
     case BodyForm::Fixed16:
-      return StoreValues(field, size, DecodeFixed16);
+      return StoreValues(fields, field, size, DecodeFixed16);
     case BodyForm::SignedFixed16:
-      return StoreValues(field, size, DecodeSignedFixed16);
+      return StoreValues(fields, field, size, DecodeSignedFixed16);
     case BodyForm::Fixed24:
-      return StoreValues(field, size, DecodeFixed24);
+      return StoreValues(fields, field, size, DecodeFixed24);
     case BodyForm::Fixed24Wide:
-      return StoreValues(field, size, DecodeFixed24Wide);
+      return StoreValues(fields, field, size, DecodeFixed24Wide);
     case BodyForm::Level:
-      return StoreValues(field, size, DecodeLevel);
+      return StoreValues(fields, field, size, DecodeLevel);
     case BodyForm::Ratio:
-      return StoreValues(field, size, DecodeRatio);
+      return StoreValues(fields, field, size, DecodeRatio);
     default:
-      return StoreDateOrClock(position, field);
+      return StoreDateOrClock(fields, position, field);
   }
 }
 
@@ -140,8 +143,7 @@ bool IsFirmware(Firmware firmware) {
 void DecodePositions(std::span<const Position> positions, void* record) {
   for (const Position& position : positions) {
     if (!IsFirmware(position.firmware)) continue;
-    CurrentContext->RecordPos = position.at;
-    DecodePosition(position, static_cast<u8*>(record) + position.offset);
+    DecodePosition(position, static_cast<u8*>(record) + position.field.offset);
   }
 }
 

@@ -1,6 +1,5 @@
 // Item 2 of model 431 in modes 0 and 1.
 
-#include "fields/byte_reader.h"
 #include "fields/data_file.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
@@ -16,10 +15,8 @@ constexpr u16 kAllThirds = 8;  // of the setup's flags
 constexpr u16 kAllThirdsShown = 2;
 
 // A stamp in plain local time.
-i32 DecodeStamp() {
-  Calendar stamp = ClearedCalendar();
-  DecodePackedDate(stamp);
-  DecodePackedTime(stamp);
+i32 DecodeStamp(BodyFields& fields) {
+  Calendar stamp = DecodePackedStamp(fields);
   return LocalSeconds(stamp);
 }
 
@@ -28,14 +25,15 @@ i32 DecodeStamp() {
 i32 DecodeRec2Model431Mode0() {
   TranslateContext& context = *CurrentContext;
   auto& record = BeginRecord<QvBands431>(QV_BANDS_431);
-  record.RecordTime = DecodeStamp();
-  DecodeDuration5(record.Duration);
-  record.Byte11 = ReadByte();
+  BodyFields fields;
+  record.RecordTime = DecodeStamp(fields);
+  DecodeDuration5(fields, record.Duration);
+  record.Byte11 = fields.Byte();
   if ((context.SetupFlags & kAllThirds) != 0) {
     record.BandFlags = kAllThirdsShown;
-    for (f32& band : record.Bands) DecodeLevel(band);
+    DecodeRow<DecodeLevel>(fields, record.Bands);
   } else {
-    for (int band = 1; band < 30; band += 3) DecodeLevel(record.Bands[band]);
+    for (int band = 1; band < 30; band += 3) DecodeLevel(fields, record.Bands[band]);
   }
   KeepFilePosition();
   NoteRecordTime(record.RecordTime);
@@ -44,27 +42,27 @@ i32 DecodeRec2Model431Mode0() {
 
 i32 DecodeRec2Model431Mode1() {
   auto& record = BeginRecord<QvSummary431>(QV_SUMMARY_431);
-  record.RecordTime = DecodeStamp();
-  record.SecondTime = DecodeStamp();
-  DecodeDuration5(record.Duration);
-  DecodeSignedFixed16(record.SummaryValue17);
-  DecodeSignedFixed16(record.SummaryValue19);
-  DecodeSignedFixed16(record.SummaryValue21);
-  DecodeSignedFixed16(record.SummaryValue23);
-  DecodeSignedFixed16(record.SummaryValue25);
-  DecodeSignedFixed16(record.SummaryValue27);
-  DecodeSignedFixed16(record.SummaryValue29);
-  record.SummaryByte31 = ReadByte();
-  record.SummaryByte32 = ReadByte();
-  record.SummaryByte33 = ReadByte();
-  record.SummaryByte34 = ReadByte();
-  record.SummaryByte35 = ReadByte();
-  record.SummaryByte36 = ReadByte();
-  i32 status = 0;
-  record.SummaryByte37 = ReadByte(status);
+  BodyFields fields;
+  record.RecordTime = DecodeStamp(fields);
+  record.SecondTime = DecodeStamp(fields);
+  DecodeDuration5(fields, record.Duration);
+  DecodeSignedFixed16(fields, record.SummaryValue17);
+  DecodeSignedFixed16(fields, record.SummaryValue19);
+  DecodeSignedFixed16(fields, record.SummaryValue21);
+  DecodeSignedFixed16(fields, record.SummaryValue23);
+  DecodeSignedFixed16(fields, record.SummaryValue25);
+  DecodeSignedFixed16(fields, record.SummaryValue27);
+  DecodeSignedFixed16(fields, record.SummaryValue29);
+  record.SummaryByte31 = fields.Byte();
+  record.SummaryByte32 = fields.Byte();
+  record.SummaryByte33 = fields.Byte();
+  record.SummaryByte34 = fields.Byte();
+  record.SummaryByte35 = fields.Byte();
+  record.SummaryByte36 = fields.Byte();
+  record.SummaryByte37 = fields.Byte();
   KeepFilePosition();
   NoteRecordTime(record.RecordTime);
-  return status;
+  return fields.Status();
 }
 
 }  // namespace qvslm

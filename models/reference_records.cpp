@@ -1,6 +1,5 @@
 #include <string_view>
 
-#include "fields/byte_reader.h"
 #include "fields/data_file.h"
 #include "fields/number_text.h"
 #include "fields/output_record.h"
@@ -14,20 +13,17 @@ namespace qvslm {
 
 namespace {
 
-Calendar DecodeStampAt(i32 position) {
-  CurrentContext->RecordPos = position;
-  Calendar stamp = ClearedCalendar();
-  DecodePackedDate(stamp);
-  DecodePackedTime(stamp);
-  return stamp;
+Calendar DecodeStampAt(u32 position) {
+  BodyFields fields(position);
+  return DecodePackedStamp(fields);
 }
 
-i32 PlainSecondsAt(i32 position) {
+i32 PlainSecondsAt(u32 position) {
   Calendar stamp = DecodeStampAt(position);
   return LocalSeconds(stamp);
 }
 
-i32 NormalizedSecondsAt(i32 position) {
+i32 NormalizedSecondsAt(u32 position) {
   Calendar stamp = DecodeStampAt(position);
   return NormalizeTime(stamp, nullptr);
 }

@@ -23,13 +23,15 @@ constexpr u32 kBlockSize431 = 186;
 using Frame = QvSetupShort;
 
 constexpr Position kFrame[] = {
-    {0, BodyForm::Byte, offsetof(Frame, SetupHead), sizeof(Frame::SetupHead)},
-    {1, BodyForm::Bytes, offsetof(Frame, SetupTag), sizeof(Frame::SetupTag)},
-    {9, BodyForm::Bytes, offsetof(Frame, SetupTitle), sizeof(Frame::SetupTitle)},
-    {39, BodyForm::Byte, offsetof(Frame, SetupMode), sizeof(Frame::SetupMode)},
-    {40, BodyForm::Byte, offsetof(Frame, SetupByte40), sizeof(Frame::SetupByte40)},
-    {41, BodyForm::Byte, offsetof(Frame, SetupFlagsOut), sizeof(Frame::SetupFlagsOut)},
+    {0, QV_FIELD(Frame, SetupHead), BodyForm::Byte},
+    {1, QV_FIELD(Frame, SetupTag), BodyForm::Bytes},
+    {9, QV_FIELD(Frame, SetupTitle), BodyForm::Bytes},
+    {39, QV_FIELD(Frame, SetupMode), BodyForm::Byte},
+    {QV_NUMBERED(40, Frame, SetupByte), BodyForm::Byte},
+    {41, QV_FIELD(Frame, SetupFlagsOut), BodyForm::Byte},
 };
+
+static_assert(IsSoundTable(kFrame));
 
 template <class Form>
 i32 DecodeForm(QvRecordCode code, void (*decode)()) {

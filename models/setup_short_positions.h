@@ -1,8 +1,6 @@
 // The setups of mode 1: record 52, and record 34 of model 431.
 #pragma once
 
-#include <cstddef>
-
 #include "models/position_table.h"
 
 namespace qvslm {
@@ -11,34 +9,38 @@ using R52 = QvSetupShort;
 using R34 = QvSetupShort431;
 
 constexpr Position kSetupShort[] = {
-    {74, BodyForm::Byte, offsetof(R52, SetupByte74), sizeof(R52::SetupByte74)},
-    {75, BodyForm::Byte, offsetof(R52, SetupByte75), sizeof(R52::SetupByte75)},
-    {86, BodyForm::Byte, offsetof(R52, SetupByte86), sizeof(R52::SetupByte86)},
-    {87, BodyForm::Byte, offsetof(R52, SetupByte87), sizeof(R52::SetupByte87)},
-    {88, BodyForm::Byte, offsetof(R52, SetupByte88), sizeof(R52::SetupByte88)},
-    {89, BodyForm::Byte, offsetof(R52, SetupByte89), sizeof(R52::SetupByte89)},
-    {90, BodyForm::Byte, offsetof(R52, SetupByte90), sizeof(R52::SetupByte90)},
-    {91, BodyForm::Byte, offsetof(R52, SetupByte91), sizeof(R52::SetupByte91)},
-    {92, BodyForm::Byte, offsetof(R52, SetupByte92), sizeof(R52::SetupByte92)},
-    {145, BodyForm::Byte, offsetof(R52, SetupByte145), sizeof(R52::SetupByte145)},
-    {146, BodyForm::Byte, offsetof(R52, SetupByte146), sizeof(R52::SetupByte146)},
-    {147, BodyForm::Byte, offsetof(R52, SetupByte147), sizeof(R52::SetupByte147)},
+    {QV_NUMBERED(74, R52, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(75, R52, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(86, R52, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(87, R52, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(88, R52, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(89, R52, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(90, R52, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(91, R52, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(92, R52, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(145, R52, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(146, R52, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(147, R52, SetupByte), BodyForm::Byte},
 };
 
+static_assert(IsSoundTable(kSetupShort));
+
 constexpr Position kSetupShort431[] = {
-    {74, BodyForm::Byte, offsetof(R34, SetupByte74), sizeof(R34::SetupByte74)},
-    {75, BodyForm::Byte, offsetof(R34, SetupByte75), sizeof(R34::SetupByte75)},
-    {76, BodyForm::Byte, offsetof(R34, SetupByte76), sizeof(R34::SetupByte76)},
-    {86, BodyForm::Byte, offsetof(R34, SetupByte86), sizeof(R34::SetupByte86)},
-    {87, BodyForm::Byte, offsetof(R34, SetupByte87), sizeof(R34::SetupByte87)},
-    {88, BodyForm::Byte, offsetof(R34, SetupByte88), sizeof(R34::SetupByte88)},
-    {89, BodyForm::Byte, offsetof(R34, SetupByte89), sizeof(R34::SetupByte89)},
-    {90, BodyForm::Byte, offsetof(R34, SetupByte90), sizeof(R34::SetupByte90)},
-    {91, BodyForm::Byte, offsetof(R34, SetupByte91), sizeof(R34::SetupByte91)},
-    {92, BodyForm::Byte, offsetof(R34, SetupByte92), sizeof(R34::SetupByte92)},
-    {145, BodyForm::Byte, offsetof(R34, SetupByte145), sizeof(R34::SetupByte145)},
-    {146, BodyForm::Byte, offsetof(R34, SetupByte146), sizeof(R34::SetupByte146)},
-    {147, BodyForm::Byte, offsetof(R34, SetupByte147), sizeof(R34::SetupByte147)},
+    {QV_NUMBERED(74, R34, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(75, R34, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(76, R34, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(86, R34, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(87, R34, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(88, R34, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(89, R34, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(90, R34, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(91, R34, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(92, R34, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(145, R34, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(146, R34, SetupByte), BodyForm::Byte},
+    {QV_NUMBERED(147, R34, SetupByte), BodyForm::Byte},
 };
+
+static_assert(IsSoundTable(kSetupShort431));
 
 }  // namespace qvslm

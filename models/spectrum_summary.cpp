@@ -1,6 +1,5 @@
 // Item 2 of model 442 in mode 0.
 
-#include "fields/byte_reader.h"
 #include "fields/data_file.h"
 #include "fields/levels.h"
 #include "fields/octave_sums.h"
@@ -28,45 +27,44 @@ i32 DecodeRec2Model442Mode0() {
   TranslateContext& context = *CurrentContext;
   auto& record = BeginRecord<QvSpectrumSummary>(QV_SPECTRUM_SUMMARY, kCleared);
 
-  Calendar stamp = ClearedCalendar();
-  DecodePackedDate(stamp);
-  DecodePackedTime(stamp);
-  DecodeDuration5(record.Duration);
-  DecodeLevel(record.Level11);
-  DecodeLevel(record.Level13);
-  DecodeLevel(record.Level15);
-  DecodeLevel(record.Level17);
-  DecodeLevel(record.Level19);
-  DecodeLevel(record.Level21);
-  record.Byte23 = ReadByte();
-  record.Byte24 = ReadByte();
-  record.Byte25 = ReadByte();
-  record.Byte26 = ReadByte();
+  BodyFields fields;
+  Calendar stamp = DecodePackedStamp(fields);
+  DecodeDuration5(fields, record.Duration);
+  DecodeLevel(fields, record.Level11);
+  DecodeLevel(fields, record.Level13);
+  DecodeLevel(fields, record.Level15);
+  DecodeLevel(fields, record.Level17);
+  DecodeLevel(fields, record.Level19);
+  DecodeLevel(fields, record.Level21);
+  record.Byte23 = fields.Byte();
+  record.Byte24 = fields.Byte();
+  record.Byte25 = fields.Byte();
+  record.Byte26 = fields.Byte();
   if (context.SummaryLnOn != 0) {
     record.SectionFlags |= kPercentilesPresent;
-    for (f32& level : record.PercentileLevels) DecodeLevel(level);
-    for (f32& number : record.PercentileNumbers) DecodeSignedFixed16(number);
+    DecodeRow<DecodeLevel>(fields, record.PercentileLevels);
+    DecodeRow<DecodeSignedFixed16>(fields, record.PercentileNumbers);
   }
   if (context.ExtraBlockOn != 0) {
     record.SectionFlags |= kSpansPresent;
-    DecodeSpan(record.Span1);
-    DecodeSpan(record.Span2);
-    record.SpanByte = ReadByte();
+    DecodeSpan(fields, record.Span1);
+    DecodeSpan(fields, record.Span2);
+    record.SpanByte = fields.Byte();
   }
   if (context.DistributionOn2 != 0) {
     record.SectionFlags |= kDistributionPresent;
     record.DistributionPresent = 1;
-    ReadRawBytes(record.Distribution, sizeof record.Distribution);
+    fields.Raw(record.Distribution, sizeof record.Distribution);
   }
-  for (f32& band : record.Bands) DecodeLevel(band);
+  DecodeRow<DecodeLevel>(fields, record.Bands);
   SumOctaves(record.Bands, record.Octaves, 11);
   if (context.SecondSpectrumOn != 0) {
-    for (f32& band : record.SecondBands) DecodeLevel(band);
+    DecodeRow<DecodeLevel>(fields, record.SecondBands);
   }
   SumOctaves(record.SecondBands, record.SecondOctaves, 11);
   if (context.SpectraKind == kSixSpectra) {
     for (int row = 5; row >= 0; --row) {
-      for (f32& band : record.Spectra[row]) DecodeLevelZeroMarked(band);
+      DecodeRow<DecodeLevelZeroMarked>(fields, record.Spectra[row]);
     }
   }
 

@@ -2,17 +2,21 @@
 // returns the status of the last byte read.
 #pragma once
 
-#include "api/context.h"
+#include <span>
+
+#include "fields/body_fields.h"
 
 namespace qvslm {
 
 // A level, with the level offset where it is not 0.
-i32 DecodeStreamField(f32& result);
-i32 DecodeStreamRatio(f32& result);
-i32 DecodeStreamSixteenth(f32& result);
+i32 DecodeStreamField(BodyFields& fields, f32& result);
+// As many of them as there are values.
+void DecodeStreamFields(BodyFields& fields, std::span<f32> values);
+i32 DecodeStreamRatio(BodyFields& fields, f32& result);
+i32 DecodeStreamSixteenth(BodyFields& fields, f32& result);
 // A level less the reference level.
-i32 DecodeStreamReferenced(f32& result);
+i32 DecodeStreamReferenced(BodyFields& fields, f32& result);
 // A count; with a fraction it has a third byte, in streams of two.
-i32 DecodeStreamCount(f32& result, bool fraction);
+i32 DecodeStreamCount(BodyFields& fields, f32& result, bool fraction);
 
 }  // namespace qvslm

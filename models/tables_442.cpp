@@ -1,6 +1,7 @@
 // Item 2 of model 442 in modes 4 and 5: tables of levels.
 
-#include "fields/byte_reader.h"
+#include <span>
+
 #include "fields/data_file.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
@@ -12,10 +13,8 @@ namespace qvslm {
 
 namespace {
 
-i32 DecodeStamp(i32& slot) {
-  Calendar stamp = ClearedCalendar();
-  DecodePackedDate(stamp);
-  DecodePackedTime(stamp);
+i32 DecodeStamp(BodyFields& fields, i32& slot) {
+  Calendar stamp = DecodePackedStamp(fields);
   return NormalizeTime(stamp, &slot);
 }
 
@@ -24,13 +23,14 @@ i32 DecodeStamp(i32& slot) {
 i32 DecodeRec2Model442Mode4() {
   TranslateContext& context = *CurrentContext;
   auto& record = BeginRecord<QvBandTable>(QV_BAND_TABLE);
+  BodyFields fields;
   record.RecordIndex = static_cast<u32>(++context.FetchIndex2);
-  record.RecordTime = DecodeStamp(LastTimes.LastTimeRec2Mode4);
-  DecodeU16Short(record.Word6);
-  ReadRawBytes(reinterpret_cast<u8*>(record.Text8), sizeof record.Text8 - 1);
-  DecodeLevel(record.Level16);
-  int const bands = context.BandFlag != 0 ? 33 : 11;
-  for (int band = 0; band < bands; ++band) DecodeLevel(record.Bands[band]);
+  record.RecordTime = DecodeStamp(fields, LastTimes.LastTimeRec2Mode4);
+  DecodeU16Short(fields, record.Word6);
+  fields.Raw(reinterpret_cast<u8*>(record.Text8), sizeof record.Text8 - 1);
+  DecodeLevel(fields, record.Level16);
+  std::size_t const bands = context.BandFlag != 0 ? 33 : 11;
+  DecodeRow<DecodeLevel>(fields, std::span(record.Bands, bands));
   record.BandFlag = context.BandFlag;
   KeepFilePosition();
   return 0;  // also for a short body
@@ -39,12 +39,13 @@ i32 DecodeRec2Model442Mode4() {
 i32 DecodeRec2Model442Mode5() {
   TranslateContext& context = *CurrentContext;
   auto& record = BeginRecord<QvNarrowTable>(QV_NARROW_TABLE);
+  BodyFields fields;
   record.RecordIndex = static_cast<u32>(++context.FetchIndex2);
-  record.RecordTime = DecodeStamp(LastTimes.LastTimeRec2Mode5);
-  DecodeU16Short(record.Word6);
-  record.Byte8 = ReadByte();
-  DecodeLevel(record.Level9);
-  for (f32& level : record.Levels) DecodeLevel(level);
+  record.RecordTime = DecodeStamp(fields, LastTimes.LastTimeRec2Mode5);
+  DecodeU16Short(fields, record.Word6);
+  record.Byte8 = fields.Byte();
+  DecodeLevel(fields, record.Level9);
+  DecodeRow<DecodeLevel>(fields, record.Levels);
   KeepFilePosition();
   return 0;  // also for a short body
 }

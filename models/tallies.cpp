@@ -1,6 +1,5 @@
 // Item 2 of model 442 in mode 7: one of three forms, by the body's kind byte.
 
-#include "fields/byte_reader.h"
 #include "fields/data_file.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
@@ -12,33 +11,28 @@ namespace qvslm {
 
 namespace {
 
-template <std::size_t Count>
-void DecodeLevels(f32 (&levels)[Count]) {
-  for (f32& level : levels) DecodeLevel(level);
+void DecodeTallyLevels(BodyFields& fields, QvTallyLevels& record) {
+  DecodeRow<DecodeLevel>(fields, record.Levels13);
+  DecodeRow<DecodeLevel>(fields, record.Levels31);
+  DecodeRow<DecodeLevel>(fields, record.Levels49);
+  DecodeLevel(fields, record.Level55);
+  DecodeLevel(fields, record.Level57);
+  DecodeRow<DecodeSignedFixed16>(fields, record.Values59);
+  DecodeRow<DecodeLevel>(fields, record.Levels71);
 }
 
-void DecodeTallyLevels(QvTallyLevels& record) {
-  DecodeLevels(record.Levels13);
-  DecodeLevels(record.Levels31);
-  DecodeLevels(record.Levels49);
-  DecodeLevel(record.Level55);
-  DecodeLevel(record.Level57);
-  for (f32& value : record.Values59) DecodeSignedFixed16(value);
-  DecodeLevels(record.Levels71);
+void DecodeTallyBands(BodyFields& fields, QvTallyBands& record) {
+  DecodeRow<DecodeLevel>(fields, record.Bands13);
+  DecodeRow<DecodeLevel>(fields, record.Bands79);
 }
 
-void DecodeTallyBands(QvTallyBands& record) {
-  DecodeLevels(record.Bands13);
-  DecodeLevels(record.Bands79);
-}
-
-void DecodeTallyTotals(QvTallyTotals& record) {
-  DecodeU16Short(record.Word13);
-  SkipByte();
-  DecodeU16Short(record.Word16);
-  SkipByte();
-  DecodeLevel(record.Level19);
-  DecodeLevel(record.Level21);
+void DecodeTallyTotals(BodyFields& fields, QvTallyTotals& record) {
+  DecodeU16Short(fields, record.Word13);
+  fields.Skip(1);
+  DecodeU16Short(fields, record.Word16);
+  fields.Skip(1);
+  DecodeLevel(fields, record.Level19);
+  DecodeLevel(fields, record.Level21);
 }
 
 }  // namespace
@@ -48,16 +42,14 @@ i32 DecodeRec2Model442Mode7() {
   TranslateContext& context = *CurrentContext;
   // The head is the same in all three forms.
   auto& head = BeginRecord<QvTallyLevels>(QV_NO_RECORD);
-  Calendar stamp = ClearedCalendar();
-  DecodePackedDate(stamp);
-  DecodePackedTime(stamp);
+  BodyFields fields;
+  Calendar stamp = DecodePackedStamp(fields);
   i32 const seconds = NormalizeTime(stamp, &LastTimes.LastTimeRec2Mode7);
   f32 duration = 0;
-  DecodeDuration5(duration);
-  u8 const byte11 = ReadByte();
-  i32 status = 0;
-  u8 const kind = ReadByte(status);
-  if (status < 0) return status;
+  DecodeDuration5(fields, duration);
+  u8 const byte11 = fields.Byte();
+  u8 const kind = fields.Byte();
+  if (fields.Status() < 0) return fields.Status();
 
   head.RecordIndex = static_cast<u32>(++context.FetchIndex2);
   head.RecordTime = seconds;
@@ -66,15 +58,15 @@ i32 DecodeRec2Model442Mode7() {
   switch (kind) {
     case 0:
       head.RecordType = QV_TALLY_LEVELS;
-      DecodeTallyLevels(head);
+      DecodeTallyLevels(fields, head);
       break;
     case 1:
       head.RecordType = QV_TALLY_BANDS;
-      DecodeTallyBands(OutputAs<QvTallyBands>());
+      DecodeTallyBands(fields, OutputAs<QvTallyBands>());
       break;
     default:
       head.RecordType = QV_TALLY_TOTALS;
-      DecodeTallyTotals(OutputAs<QvTallyTotals>());
+      DecodeTallyTotals(fields, OutputAs<QvTallyTotals>());
       break;
   }
   KeepFilePosition();

@@ -1,3 +1,5 @@
+#include <span>
+
 #include "fields/byte_reader.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
@@ -19,11 +21,12 @@ i32 DecodeStream21() {
   record.RecordIndex = ++context.Count21;
   if (!PassBlock()) return FailWith(QV_SEEK_FAILED);
 
-  record.BlockByte = ReadByte();
-  DecodeDuration(record.SpectrumTime, 3);
-  DecodeLevel(record.Level);
-  int const bands = (context.SetupFlags & kThirdOctaves) != 0 ? 33 : 11;
-  for (int band = 0; band < bands; ++band) DecodeLevel(record.Bands[band]);
+  BodyFields fields;
+  record.BlockByte = fields.Byte();
+  DecodeDuration(fields, record.SpectrumTime, 3);
+  DecodeLevel(fields, record.Level);
+  std::size_t const bands = (context.SetupFlags & kThirdOctaves) != 0 ? 33 : 11;
+  DecodeRow<DecodeLevel>(fields, std::span(record.Bands, bands));
 
   LookAhead();
   return 0;

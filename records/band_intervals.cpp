@@ -1,4 +1,5 @@
-#include "fields/byte_reader.h"
+#include <span>
+
 #include "fields/data_file.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
@@ -12,10 +13,10 @@ namespace {
 
 constexpr u16 kThirdOctaves = 128;
 
-void DecodeBands(f32& overall, f32 (&bands)[33]) {
-  int const count = (CurrentContext->SetupFlags & kThirdOctaves) != 0 ? 33 : 11;
-  DecodeLevel(overall);
-  for (int band = 0; band < count; ++band) DecodeLevel(bands[band]);
+void DecodeBands(BodyFields& fields, f32& overall, f32 (&bands)[33]) {
+  std::size_t const count = (CurrentContext->SetupFlags & kThirdOctaves) != 0 ? 33 : 11;
+  DecodeLevel(fields, overall);
+  DecodeRow<DecodeLevel>(fields, std::span(bands, count));
 }
 
 }  // namespace
@@ -26,21 +27,21 @@ i32 DecodeRec1Mode4() {
   auto& record = BeginRecord<QvBandInterval>(QV_INTERVAL);
   i32 status = 0;
 
-  Calendar stamp = ClearedCalendar();
-  DecodePackedDate(stamp);
-  DecodePackedTime(stamp);
+  BodyFields fields;
+  Calendar stamp = DecodePackedStamp(fields);
   record.RecordTime = NormalizeTime(stamp, &LastTimes.LastTimeRec1Mode4);
-  DecodeDuration(record.Duration, 6);
-  SkipByte();
-  SkipByte();
-  SkipByte();
-  DecodeU16Short(record.BandValueA);
-  DecodeU16Short(record.BandValueB);
-  record.BandByte = ReadByte();
-  DecodeBands(record.Overall1, record.Bands1);
-  DecodeBands(record.Overall2, record.Bands2);
-  DecodeBands(record.Overall3, record.Bands3);
-  if (static_cast<f64>(context.FirmwareVersion) > 2.10599) record.BandTrailer = ReadByte(status);
+  DecodeDuration(fields, record.Duration, 6);
+  fields.Skip(3);
+  DecodeU16Short(fields, record.BandValueA);
+  DecodeU16Short(fields, record.BandValueB);
+  record.BandByte = fields.Byte();
+  DecodeBands(fields, record.Overall1, record.Bands1);
+  DecodeBands(fields, record.Overall2, record.Bands2);
+  DecodeBands(fields, record.Overall3, record.Bands3);
+  if (static_cast<f64>(context.FirmwareVersion) > 2.10599) {
+    record.BandTrailer = fields.Byte();
+    status = fields.Status();
+  }
 
   KeepFilePosition();
   return status;

@@ -5,12 +5,11 @@
 #include <cstddef>
 #include <iterator>
 
-#include "fields/byte_reader.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
 #include "fields/packed_time.h"
 #include "fields/record_time.h"
-#include "fields/whole_number.h"
+#include "records/interval_head.h"
 #include "records/record_seeker.h"
 #include "records/records.h"
 
@@ -43,6 +42,20 @@ void ConvertBands(f32 (&bands)[34], i32 offset) {
     bands[band] = BandLevel(first - std::ptrdiff_t{2} * band);
 }
 
+// The status of a band record is that of the byte read last, its owner's where there is one.
+void NoteStatus(const BodyFields& fields) {
+  CurrentContext->ErrorCode = fields.Status();
+}
+
+// The number that a body begins with.
+u32 DecodeNumber() {
+  BodyFields fields;
+  u32 number = 0;
+  DecodeU16(fields, number);
+  NoteStatus(fields);
+  return number;
+}
+
 // An owner that is not found is no failure of the translation.
 i32 PresentTime() {
   i32 const now = PresentSeconds();
@@ -52,41 +65,29 @@ i32 PresentTime() {
 
 i32 TimeOfLevelMark(u32 number) {
   if (SeekRecord(5, number) < 0) return PresentTime();
-  CurrentContext->RecordPos = 0;
-  Calendar stamp = ClearedCalendar();
-  SkipByte();
-  DecodePackedDate(stamp);
-  DecodePackedTime(stamp);
+  BodyFields fields;
+  fields.Skip(1);
+  Calendar stamp = DecodePackedStamp(fields);
+  NoteStatus(fields);
   return NormalizeTime(stamp, &LastTimes.LastTimeRec131);
 }
 
 i32 TimeOfSummary(u32 number) {
   if (SeekRecord(2, number) < 0) return PresentTime();
-  CurrentContext->RecordPos = 0;
-  Calendar stamp = ClearedCalendar();
-  DecodePackedDate(stamp);
-  DecodePackedTime(stamp);
+  BodyFields fields;
+  Calendar stamp = DecodePackedStamp(fields);
+  NoteStatus(fields);
   return NormalizeTime(stamp, &LastTimes.LastTimeRec130);
 }
 
 // The interval's start, as the interval's own record has it.
 i32 TimeOfInterval(u32 number, i32* slot) {
   if (SeekRecord(1, number) < 0) return PresentTime();
-  CurrentContext->RecordPos = 0;
-  Calendar stamp = ClearedCalendar();
-  f32 duration = 0;
-  f32 level = 0;
-  f32 percent = 0;
-  DecodePackedDate(stamp);
-  DecodePackedTime(stamp);
-  DecodeDuration5(duration);
-  for (int at = 0; at < 5; ++at) DecodeLevel(level);
-  SkipByte();
-  SkipByte();
-  DecodeFixed16(percent);
-  i32 const seconds = NormalizeTime(stamp, slot);
-  if (CurrentContext->TimeIsEnd == 0) return seconds;
-  return TruncateToI32(seconds - static_cast<f64>(duration) * percent / 100.0);
+  BodyFields fields;
+  Calendar stamp;
+  IntervalHead const head = DecodeIntervalHead(fields, stamp);
+  NoteStatus(fields);
+  return head.Start(NormalizeTime(stamp, slot));
 }
 
 }  // namespace
@@ -94,7 +95,7 @@ i32 TimeOfInterval(u32 number, i32* slot) {
 i32 DecodeRec131() {
   TranslateContext& context = *CurrentContext;
   auto& record = BeginRecord<QvLevelMarkBands>(QV_LEVEL_MARK_BANDS);
-  DecodeU16(record.OwnerNumber);
+  record.OwnerNumber = DecodeNumber();
   record.RecordIndex = context.Count129to132;
   ConvertBands(record.Bands, 69);
   if (context.ErrorCode >= 0) record.RecordTime = TimeOfLevelMark(record.OwnerNumber);
@@ -104,7 +105,7 @@ i32 DecodeRec131() {
 i32 DecodeRec130() {
   TranslateContext& context = *CurrentContext;
   auto& record = BeginRecord<QvSummaryBands>(QV_SUMMARY_BANDS);
-  DecodeU16(record.OwnerNumber);
+  record.OwnerNumber = DecodeNumber();
   record.RecordIndex = context.Count129to132;
   ConvertBands(record.BandsA, 71);
   ConvertBands(record.BandsB, 140);
@@ -116,7 +117,7 @@ i32 DecodeRec130() {
 i32 DecodeRec129() {
   TranslateContext& context = *CurrentContext;
   auto& record = BeginRecord<QvIntervalBands>(QV_INTERVAL_BANDS);
-  DecodeU16(record.OwnerNumber);
+  record.OwnerNumber = DecodeNumber();
   record.RecordIndex = context.Count129to132;
   if (context.RecordLength < kShortForm129) {
     record.BandFlags = kShortFormFlag;
@@ -144,8 +145,7 @@ i32 DecodeRec129() {
 i32 DecodeRec132() {
   TranslateContext& context = *CurrentContext;
   auto& record = BeginRecord<QvIntervalBandSeries>(QV_INTERVAL_BAND_SERIES);
-  u32 number = 0;
-  DecodeU16(number);
+  u32 const number = DecodeNumber();
   record.RecordIndex = context.Count129to132;
   record.LastOfOwner = static_cast<i32>(number) == context.Owner132 ? 1 : 0;
   i32 const owner = static_cast<i32>(number) + (record.LastOfOwner == 1 ? 0 : 1);

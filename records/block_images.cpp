@@ -1,4 +1,4 @@
-#include "fields/byte_reader.h"
+#include "fields/body_fields.h"
 #include "fields/output_record.h"
 #include "fields/record_time.h"
 #include "records/records.h"
@@ -22,18 +22,19 @@ i32 DecodeRec8() {
   record.BlockFlags = 0;
   record.LevelBase = context.Model == kModel442 ? context.StreamLevelBase : context.LevelOffset;
 
+  BodyFields fields;
   bool const general = !IsModel431Or442();
   if (general || (context.SetupFlags & kBlock1) != 0) {
-    ReadRawBytes(record.Block1, general ? kGeneralBlock1 : sizeof record.Block1);
+    fields.Raw(record.Block1, general ? kGeneralBlock1 : sizeof record.Block1);
     record.BlockFlags |= kBlock1;
   }
   NoteRecordTime(record.RecordTime);
   if (general || (context.SetupFlags & kBlock2) != 0) {
-    ReadRawBytes(record.Block2, sizeof record.Block2);
+    fields.Raw(record.Block2, sizeof record.Block2);
     record.BlockFlags |= kBlock2;
   }
   if (general || (context.SetupFlags & kBlock3) != 0) {
-    ReadRawBytes(record.Block3, sizeof record.Block3);
+    fields.Raw(record.Block3, sizeof record.Block3);
     record.BlockFlags |= kBlock3;
   }
   return 0;

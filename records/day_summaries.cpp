@@ -1,4 +1,3 @@
-#include "fields/byte_reader.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
 #include "fields/packed_time.h"
@@ -31,69 +30,69 @@ bool HasWidePercentileNumbers() {
   return context.Model == kModel442 && static_cast<f64>(context.FirmwareVersion) > 3.116;
 }
 
-void DecodeHours(f32 (&levels)[24]) {
-  for (f32& level : levels) DecodeFlaggedLevel(level);
+void DecodeHours(BodyFields& fields, f32 (&levels)[24]) {
+  DecodeRow<DecodeFlaggedLevel>(fields, levels);
 }
 
-void DecodeAbsoluteHours(f32 (&levels)[24]) {
+void DecodeAbsoluteHours(BodyFields& fields, f32 (&levels)[24]) {
+  DecodeRow<DecodeFlaggedLevel>(fields, levels);
   for (f32& level : levels) {
-    DecodeFlaggedLevel(level);
     if (level < 0.0) level = -level;
   }
 }
 
 // The blocks below return the status of their last field: that of a plain byte, or a decoder's 0.
 
-i32 DecodeExtraBlock(QvDaySummary& record, Calendar& stamp) {
+i32 DecodeExtraBlock(BodyFields& fields, QvDaySummary& record, Calendar& stamp) {
   record.DayFlags |= kExtraBlockPresent;
-  DecodeSpan(record.Span1);
-  DecodeSpan(record.Span2);
-  record.Byte1 = ReadByte();
-  DecodePackedTime(stamp);
+  DecodeSpan(fields, record.Span1);
+  DecodeSpan(fields, record.Span2);
+  record.Byte1 = fields.Byte();
+  DecodePackedTime(fields, stamp);
   record.DayTimeSeconds = stamp.Hour * 3600 + stamp.Minute * 60 + stamp.Second;
   stamp.Hour = stamp.Minute = stamp.Second = 0;
-  DecodeU16Short(record.Value1);
-  record.Byte2 = ReadByte();
-  for (u16& byte : record.Bytes8) byte = ReadByte();
-  return CurrentContext->ErrorCode;
+  DecodeU16Short(fields, record.Value1);
+  record.Byte2 = fields.Byte();
+  for (u16& byte : record.Bytes8) byte = fields.Byte();
+  return fields.Status();
 }
 
-i32 DecodeHourCounters(QvDaySummary& record) {
-  DecodeU16Short(record.Value2);
-  DecodeU16Short(record.Value3);
-  for (u16& count : record.HourCounts) DecodeU16Short(count);
+i32 DecodeHourCounters(BodyFields& fields, QvDaySummary& record) {
+  DecodeU16Short(fields, record.Value2);
+  DecodeU16Short(fields, record.Value3);
+  DecodeRow<DecodeU16Short>(fields, record.HourCounts);
   if (CurrentContext->SettingQ120 == 0) {
-    for (u16& value : record.HourValues) DecodeU16Short(value);
+    DecodeRow<DecodeU16Short>(fields, record.HourValues);
     return 0;
   }
   for (int hour = 0; hour < 24; ++hour) {
-    record.HourValues[hour] = ReadByte();
-    record.HourBcd[hour] = static_cast<u16>(PackedDecimal(ReadByte()));
+    record.HourValues[hour] = fields.Byte();
+    record.HourBcd[hour] = static_cast<u16>(PackedDecimal(fields.Byte()));
   }
-  return CurrentContext->ErrorCode;
+  return fields.Status();
 }
 
-i32 DecodePercentiles(QvDaySummary& record) {
+i32 DecodePercentiles(BodyFields& fields, QvDaySummary& record) {
   record.DayFlags |= kPercentilesPresent;
-  for (f32& level : record.PercentileLevels) DecodeLevel(level);
+  DecodeRow<DecodeLevel>(fields, record.PercentileLevels);
   if (HasWidePercentileNumbers()) {
-    for (f32& number : record.PercentileNumbers) DecodeSignedFixed16(number);
+    DecodeRow<DecodeSignedFixed16>(fields, record.PercentileNumbers);
     return 0;
   }
-  for (f32& number : record.PercentileNumbers) number = ReadByte();
-  return CurrentContext->ErrorCode;
+  for (f32& number : record.PercentileNumbers) number = fields.Byte();
+  return fields.Status();
 }
 
-i32 DecodeDistribution(QvDaySummary& record) {
+i32 DecodeDistribution(BodyFields& fields, QvDaySummary& record) {
   record.DayFlags |= kDistributionPresent;
   record.DistributionPresent = 1;
   if (CurrentContext->FirmwareAbove09 == 0 && !IsModel431Or442()) {
-    ReduceDistribution(record.Distribution);
+    ReduceDistribution(fields, record.Distribution);
   } else {
-    ReadRawBytes(record.Distribution, sizeof record.Distribution);
+    fields.Raw(record.Distribution, sizeof record.Distribution);
   }
   WriteBaseLevel(record.Distribution);
-  return CurrentContext->ErrorCode;
+  return fields.Status();
 }
 
 }  // namespace
@@ -104,30 +103,32 @@ i32 DecodeRec3() {
   auto& record = BeginRecord<QvDaySummary>(QV_DAY_SUMMARY);
   i32 status = 0;
 
+  BodyFields fields;
   Calendar stamp = ClearedCalendar();
-  SkipByte();
-  DecodePackedDate(stamp);
-  DecodeLevel(record.DayLevelA);
-  DecodeLevel(record.DayLevelB);
-  DecodeLevel(record.DayLevelC);
-  DecodeHours(record.HourLevels);
-  DecodeLevel(record.DayLevelD);
-  DecodeLevel(record.DayLevelE);
-  DecodeLevel(record.DayLevelF);
-  DecodeLevel(record.DayLevelG);
-  DecodeDuration5(record.Duration);
+  fields.Skip(1);
+  DecodePackedDate(fields, stamp);
+  DecodeLevel(fields, record.DayLevelA);
+  DecodeLevel(fields, record.DayLevelB);
+  DecodeLevel(fields, record.DayLevelC);
+  DecodeHours(fields, record.HourLevels);
+  DecodeLevel(fields, record.DayLevelD);
+  DecodeLevel(fields, record.DayLevelE);
+  DecodeLevel(fields, record.DayLevelF);
+  DecodeLevel(fields, record.DayLevelG);
+  DecodeDuration5(fields, record.Duration);
   if (HasTablesByFirmware()) {
-    DecodeAbsoluteHours(record.HourLevelsB);
-    DecodeAbsoluteHours(record.HourLevelsC);
+    DecodeAbsoluteHours(fields, record.HourLevelsB);
+    DecodeAbsoluteHours(fields, record.HourLevelsC);
   }
-  if (context.ExtraBlockOn == 1) status = DecodeExtraBlock(record, stamp);
+  if (context.ExtraBlockOn == 1) status = DecodeExtraBlock(fields, record, stamp);
   if (context.FirmwareAbove09 == 1) {
     if (context.SettingQ120 != 0) record.DayFlags |= kCountersByQ120;
     if (context.SettingQ118 != 0) record.DayFlags |= kCountersByQ118;
-    if (context.SettingQ120 != 0 || context.SettingQ118 != 0) status = DecodeHourCounters(record);
-    if (context.SettingQ206 == 1) status = DecodePercentiles(record);
+    if (context.SettingQ120 != 0 || context.SettingQ118 != 0)
+      status = DecodeHourCounters(fields, record);
+    if (context.SettingQ206 == 1) status = DecodePercentiles(fields, record);
   }
-  if (HasDistribution()) status = DecodeDistribution(record);
+  if (HasDistribution()) status = DecodeDistribution(fields, record);
 
   record.RecordTime = NormalizeTime(stamp, &LastTimes.LastTimeRec3);
   NoteRecordTime(record.RecordTime);

@@ -1,6 +1,6 @@
 #include "records/distribution.h"
 
-#include "fields/byte_reader.h"
+#include "fields/levels.h"
 #include "fields/whole_number.h"
 
 namespace qvslm {
@@ -31,16 +31,13 @@ void WriteBaseLevel(u8* table) {
   table[2] = LowByte(TruncateToI32(rest));
 }
 
-void ReduceDistribution(u8 (&table)[440]) {
+void ReduceDistribution(BodyFields& fields, u8 (&table)[440]) {
   u32 bins[kBins] = {};
-  SkipByte();
-  SkipByte();
-  SkipByte();
+  fields.Skip(3);
   f32 level = CurrentContext->LevelOffset;
   for (int eighth = 0; eighth < kEighths; ++eighth) {
     level = static_cast<f32>(level + 0.125);
-    u32 const high = ReadByte();
-    u32 const count = high * 65536 + ReadWord();
+    auto const count = static_cast<u32>(DecodeU24(fields));
     i32 const bin = TruncateToI32(level);
     if (IsBin(bin)) bins[bin] += count;
   }
@@ -54,7 +51,7 @@ void ReduceDistribution(u8 (&table)[440]) {
     *entry++ = static_cast<u8>(count >> 8);
     *entry++ = static_cast<u8>(count);
   }
-  ReadRawBytes(table + 385, 40);
+  fields.Raw(table + 385, 40);
 }
 
 }  // namespace qvslm

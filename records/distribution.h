@@ -1,7 +1,7 @@
 // The level distribution of summaries: three bytes of base level, then counts of three bytes.
 #pragma once
 
-#include "api/context.h"
+#include "fields/body_fields.h"
 
 namespace qvslm {
 
@@ -11,6 +11,6 @@ void WriteBaseLevel(u8* table);
 
 // Reads the long form of a day's distribution, with counts for each eighth of a decibel, and
 // reduces it to the table of whole decibels. The table has been cleared.
-void ReduceDistribution(u8 (&table)[440]);
+void ReduceDistribution(BodyFields& fields, u8 (&table)[440]);
 
 }  // namespace qvslm

@@ -1,4 +1,3 @@
-#include "fields/body_fields.h"
 #include "fields/data_file.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
@@ -27,14 +26,11 @@ i32 DecodeRec4() {
   auto& record = BeginRecord<QvEvent>(QV_EVENT);
 
   BodyFields fields;
-  Calendar stamp = ClearedCalendar();
-  fields.Byte();
-  PackedDateOf(fields.Take(3), stamp);
-  PackedTimeOf(fields.Take(3), stamp);
-  EventOf(fields.Byte(), record.EventCode, record.EventDetail);
-  record.EventValue16 = fields.Word();
-  record.EventValue24 = U24Of(fields.Take(3));
-  fields.Close();
+  fields.Skip(1);
+  Calendar stamp = DecodePackedStamp(fields);
+  DecodeEventByte(fields, record.EventCode, record.EventDetail);
+  DecodeU16Short(fields, record.EventValue16);
+  record.EventValue24 = DecodeU24(fields);
 
   record.RecordTime = NormalizeTime(stamp, &LastTimes.LastTimeRec4);
   if (context.FirstRunTime == 0 && context.RunEventWriteIndex == 0) {
@@ -54,13 +50,10 @@ i32 DecodeRec5() {
   record.LevelOffset = CurrentContext->LevelOffset;
 
   BodyFields fields;
-  Calendar stamp = ClearedCalendar();
-  fields.Byte();
-  PackedDateOf(fields.Take(3), stamp);
-  PackedTimeOf(fields.Take(3), stamp);
-  record.Level = LevelOf(fields.Take(2));
-  DecodeStatusByte(fields.Byte(), record.StatusBit5, record.StatusCode);
-  fields.Close();
+  fields.Skip(1);
+  Calendar stamp = DecodePackedStamp(fields);
+  DecodeLevel(fields, record.Level);
+  DecodeStatusByte(fields, record.StatusBit5, record.StatusCode);
 
   KeepFilePosition();
   record.RecordTime = NormalizeTime(stamp, &LastTimes.LastTimeRec5);

@@ -1,13 +1,11 @@
 #include <span>
 
-#include "fields/body_fields.h"
 #include "fields/data_file.h"
-#include "fields/levels.h"
 #include "fields/output_record.h"
-#include "fields/packed_time.h"
 #include "fields/record_time.h"
 #include "fields/whole_number.h"
 #include "records/firmware_rules.h"
+#include "records/interval_head.h"
 #include "records/records.h"
 
 namespace qvslm {
@@ -59,15 +57,10 @@ void DecodeSamples(BodyFields& fields, QvInterval& record) {
   }
 }
 
-void PlaceInTime(QvInterval& record, i32 seconds) {
-  f64 const length = static_cast<f64>(record.Duration) * record.DurationPercent / 100.0;
-  if (CurrentContext->TimeIsEnd != 0) {
-    record.EndTime = seconds;
-    record.RecordTime = TruncateToI32(seconds - length);
-  } else {
-    record.EndTime = TruncateToI32(seconds + length);
-    record.RecordTime = seconds;
-  }
+void PlaceInTime(QvInterval& record, const IntervalHead& head, i32 seconds) {
+  record.RecordTime = head.Start(seconds);
+  record.EndTime =
+      CurrentContext->TimeIsEnd != 0 ? seconds : TruncateToI32(seconds + head.Length());
 }
 
 }  // namespace
@@ -80,32 +73,31 @@ i32 DecodeRec1(i16 limitLevel) {
   i32 status = 0;
 
   BodyFields fields;
-  Calendar stamp = ClearedCalendar();
-  PackedDateOf(fields.Take(3), stamp);
-  PackedTimeOf(fields.Take(3), stamp);
-  record.Duration = Duration5Of(fields.Take(5));
-  record.LevelA = LevelOf(fields.Take(2));
-  record.LevelB = LevelOf(fields.Take(2));
-  record.LevelC = LevelOf(fields.Take(2));
+  Calendar stamp;
+  IntervalHead const head = DecodeIntervalHead(fields, stamp);
+  record.Duration = head.Duration;
+  record.LevelA = head.LevelA;
+  record.LevelB = head.LevelB;
+  record.LevelC = head.LevelC;
+  record.LevelD = head.LevelD;
+  record.LevelE = head.LevelE;
+  record.Byte1 = head.Byte1;
+  record.Byte2 = head.Byte2;
+  record.DurationPercent = head.DurationPercent;
   if (static_cast<f64>(limitLevel) < record.LevelC) record.IntervalFlags |= kAboveLimit;
-  record.LevelD = LevelOf(fields.Take(2));
-  record.LevelE = LevelOf(fields.Take(2));
-  record.Byte1 = fields.Byte();
-  record.Byte2 = fields.Byte();
-  record.DurationPercent = Fixed16Of(fields.Take(2));
   record.ThresholdOrLevel = context.ThresholdLevel;
   if (context.LevelInRecordOn != 0) {
     record.IntervalFlags |= kLevelPresent;
-    record.ThresholdOrLevel = LevelOf(fields.Take(2));
+    DecodeLevel(fields, record.ThresholdOrLevel);
   }
   if (auxiliary && context.ExtraBlockOn == 0 && context.FirmwareAbove09 == 0) {
-    record.Aux0 = ScaledByteOf(fields.Byte(), context.AuxChannel[0]);
-    fields.Byte();
+    DecodeScaledByte(fields, context.AuxChannel[0], record.Aux0);
+    fields.Skip(1);
   }
   if (context.ExtraBlockOn == 1) {
     record.IntervalFlags |= kSpansPresent;
-    if (HasFirstSpan()) record.Span1 = SpanOf(fields.Take(2));
-    record.Span2 = SpanOf(fields.Take(2));
+    if (HasFirstSpan()) DecodeSpan(fields, record.Span1);
+    DecodeSpan(fields, record.Span2);
     record.Byte3 = fields.Byte();
     status = fields.Status();
   }
@@ -113,14 +105,14 @@ i32 DecodeRec1(i16 limitLevel) {
     record.IntervalFlags |= kAuxPresent;
     if (context.FirmwareAbove09 == 1) {
       if (context.AuxEnabled1 != 0) record.IntervalFlags |= kSecondAuxEnabled;
-      record.Aux0 = ScaledByteOf(fields.Byte(), context.AuxChannel[0]);
-      record.Aux1 = ScaledByteOf(fields.Byte(), context.AuxChannel[1]);
-      record.Aux2 = ScaledByteOf(fields.Byte(), context.AuxChannel[2]);
+      DecodeScaledByte(fields, context.AuxChannel[0], record.Aux0);
+      DecodeScaledByte(fields, context.AuxChannel[1], record.Aux1);
+      DecodeScaledByte(fields, context.AuxChannel[2], record.Aux2);
     } else {
-      record.Aux1 = ScaledByteOf(fields.Byte(), context.AuxChannel[1]);
-      fields.Byte();
-      record.Aux2 = ScaledByteOf(fields.Byte(), context.AuxChannel[2]);
-      fields.Byte();
+      DecodeScaledByte(fields, context.AuxChannel[1], record.Aux1);
+      fields.Skip(1);
+      DecodeScaledByte(fields, context.AuxChannel[2], record.Aux2);
+      fields.Skip(1);
     }
     status = 0;
   }
@@ -134,10 +126,9 @@ i32 DecodeRec1(i16 limitLevel) {
     DecodeSamples(fields, record);
     status = fields.Status();
   }
-  fields.Close();
 
   KeepFilePosition();
-  PlaceInTime(record, NormalizeTime(stamp, &LastTimes.LastTimeRec1));
+  PlaceInTime(record, head, NormalizeTime(stamp, &LastTimes.LastTimeRec1));
   NoteRecordTime(record.RecordTime);
   return status;
 }

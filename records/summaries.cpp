@@ -1,4 +1,3 @@
-#include "fields/byte_reader.h"
 #include "fields/data_file.h"
 #include "fields/levels.h"
 #include "fields/output_record.h"
@@ -19,20 +18,20 @@ enum SummaryFlag : u16 {
   kPercentilesPresent = 0x0200,
 };
 
-void DecodePercentiles(QvSummary& record) {
-  for (f32& level : record.PercentileLevels) DecodeLevel(level);
+void DecodePercentiles(BodyFields& fields, QvSummary& record) {
+  DecodeRow<DecodeLevel>(fields, record.PercentileLevels);
   for (f32& number : record.PercentileNumbers) {
     if (IsModel431Or442()) {
-      DecodeSignedFixed16(number);
+      DecodeSignedFixed16(fields, number);
     } else {
-      number = ReadByte();
+      number = fields.Byte();
     }
   }
 }
 
-void DecodeAuxiliary(QvSummary& record, int channel) {
+void DecodeAuxiliary(BodyFields& fields, QvSummary& record, int channel) {
   for (auto& value : record.Aux) {
-    DecodeScaledByte(CurrentContext->AuxChannel[channel], value[channel]);
+    DecodeScaledByte(fields, CurrentContext->AuxChannel[channel], value[channel]);
   }
 }
 
@@ -43,46 +42,45 @@ i32 DecodeRec2() {
   auto& record = BeginRecord<QvSummary>(QV_SUMMARY);
   bool const auxiliary = context.SummaryAuxOn == 1;
 
-  Calendar stamp = ClearedCalendar();
-  DecodePackedDate(stamp);
-  DecodePackedTime(stamp);
-  DecodeDuration5(record.Duration);
-  DecodeLevel(record.LevelA);
-  DecodeLevel(record.LevelB);
-  DecodeLevel(record.LevelC);
-  DecodeLevel(record.LevelD);
-  DecodeLevel(record.LevelE);
-  DecodeLevel(record.LevelF);
-  record.Byte1 = ReadByte();
-  record.Byte2 = ReadByte();
-  record.Byte3 = ReadByte();
-  record.Byte4 = ReadByte();
+  BodyFields fields;
+  Calendar stamp = DecodePackedStamp(fields);
+  DecodeDuration5(fields, record.Duration);
+  DecodeLevel(fields, record.LevelA);
+  DecodeLevel(fields, record.LevelB);
+  DecodeLevel(fields, record.LevelC);
+  DecodeLevel(fields, record.LevelD);
+  DecodeLevel(fields, record.LevelE);
+  DecodeLevel(fields, record.LevelF);
+  record.Byte1 = fields.Byte();
+  record.Byte2 = fields.Byte();
+  record.Byte3 = fields.Byte();
+  record.Byte4 = fields.Byte();
   if (context.SummaryLnOn == 1) {
     record.SummaryFlags |= kPercentilesPresent;
-    DecodePercentiles(record);
+    DecodePercentiles(fields, record);
   }
   if (auxiliary && context.ExtraBlockOn == 0 && context.FirmwareAbove09 == 0) {
-    DecodeAuxiliary(record, 0);
+    DecodeAuxiliary(fields, record, 0);
   }
   if (context.ExtraBlockOn == 1) {
     record.SummaryFlags |= kSpansPresent;
-    DecodeSpan(record.Span1);
-    DecodeSpan(record.Span2);
-    record.Byte5 = ReadByte();
+    DecodeSpan(fields, record.Span1);
+    DecodeSpan(fields, record.Span2);
+    record.Byte5 = fields.Byte();
   }
   if (auxiliary) {
     record.SummaryFlags |= kAuxPresent;
     if (context.FirmwareAbove09 == 1) {
       if (context.AuxEnabled1 != 0) record.SummaryFlags |= kSecondAuxEnabled;
-      DecodeAuxiliary(record, 0);
+      DecodeAuxiliary(fields, record, 0);
     }
-    DecodeAuxiliary(record, 1);
-    DecodeAuxiliary(record, 2);
+    DecodeAuxiliary(fields, record, 1);
+    DecodeAuxiliary(fields, record, 2);
   }
   if (context.DistributionOn2 == 1) {
     record.SummaryFlags |= kDistributionPresent;
     record.DistributionPresent = 1;
-    ReadRawBytes(record.Distribution, sizeof record.Distribution);
+    fields.Raw(record.Distribution, sizeof record.Distribution);
     WriteBaseLevel(record.Distribution);
   }
 

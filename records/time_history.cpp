@@ -4,6 +4,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "fields/body_fields.h"
 #include "fields/byte_reader.h"
 #include "fields/data_file.h"
 #include "fields/output_record.h"
@@ -77,13 +78,13 @@ class StreamCall {
   // record is complete. The status is that of the last read.
   bool Take(Entry& entry, i32& status) {
     while (pending_ < kEntriesPerRecord) {
-      if (inRuns_ && IsSampleByte(*next_)) {
+      if (inRuns_ && IsSampleByte(*fields_.Ahead())) {
         inRuns_ = TakeSamplesAhead();
         if (inRuns_) continue;
       }
       Read(entry);
-      status = status_;
-      if (entry.lastByte == 0 || status_ < 0) return false;
+      status = fields_.Status();
+      if (entry.lastByte == 0 || status < 0) return false;
       if (Collect(entry)) return true;
     }
     return true;
@@ -91,7 +92,7 @@ class StreamCall {
 
   void Close() const {
     TranslateContext& context = *CurrentContext;
-    context.RecordPos = static_cast<i32>(next_ - context.RecordBuffer);
+    context.RecordPos = fields_.Place();
     context.SampleCount += static_cast<u32>(pending_ - context.SamplesPending);
     context.SamplesPending = static_cast<i16>(pending_);
     context.StreamTime = time_;
@@ -117,13 +118,14 @@ class StreamCall {
     // been taken from the block before.
     static_assert(kSize * 2 * kEntriesPerRecord <= std::ptrdiff_t{kStreamBlock});
     StreamLevels const levels = levels_;
+    const u8* const ahead = fields_.Ahead();
     f32 first[kEntriesPerRecord];
     f32 second[kEntriesPerRecord];
     u32 noSample = 0;  // the top bit of a byte is set when one of them is 0 or above 127
     u32 notAbove0 = 0;
     for (i32 at = 0; at < kEntriesPerRecord; ++at) {
       Bytes sample;
-      std::memcpy(&sample, next_ + at * kSize, sizeof sample);
+      std::memcpy(&sample, ahead + at * kSize, sizeof sample);
       u32 const hi = ByteOf(sample, 0);
       noSample |= hi | (hi - 1);
       first[at] = levels.FirstOfSample<f32>(hi, kTwoBytes ? ByteOf(sample, 1) : 0);
@@ -137,12 +139,12 @@ class StreamCall {
     i32 taken = room;
     if ((noSample & 0x80) != 0 || notAbove0 != 0) {
       taken = 0;
-      while (taken < room && IsSampleByte(next_[taken * kSize]) && first[taken] > 0) ++taken;
+      while (taken < room && IsSampleByte(ahead[taken * kSize]) && first[taken] > 0) ++taken;
     }
     auto const size = sizeof(f32) * static_cast<std::size_t>(taken);
     std::memcpy(record_.FirstLevels + pending_, first, size);
     if constexpr (kSecondLevels) std::memcpy(record_.SecondLevels + pending_, second, size);
-    next_ += taken * kSize;
+    fields_.Pass(taken * kSize);
     pending_ += taken;
     AdvanceTime(taken);
     return taken > 0;
@@ -165,7 +167,7 @@ class StreamCall {
 
   // Reads one entry of any kind.
   void Read(Entry& entry) {
-    entry.lastByte = Next();
+    entry.lastByte = fields_.Byte();
     if (IsSampleByte(entry.lastByte)) {
       ReadSample(entry);
     } else if (entry.lastByte != 0) {
@@ -173,31 +175,23 @@ class StreamCall {
     }
   }
 
-  u8 Next() {
-    if (next_ == end_) {
-      status_ = QV_RECORD_TOO_SHORT;
-      return 0;
-    }
-    return *next_++;
-  }
-
   void ReadMarker(Entry& entry) {
     entry.first = -static_cast<f32>(entry.lastByte);
-    if (levels_.twoBytes) entry.lastByte = Next();
+    if (levels_.twoBytes) entry.lastByte = fields_.Byte();
     if (!levels_.secondLevels) return;
-    entry.lastByte = Next();
+    entry.lastByte = fields_.Byte();
     entry.second = entry.lastByte;
-    if (levels_.twoBytes) entry.lastByte = Next();
+    if (levels_.twoBytes) entry.lastByte = fields_.Byte();
   }
 
   void ReadSample(Entry& entry) {
-    u32 const lo = levels_.twoBytes ? Next() : u8{0};
-    if (status_ < 0) return;
+    u32 const lo = levels_.twoBytes ? fields_.Byte() : u8{0};
+    if (fields_.Status() < 0) return;
     entry.first = levels_.First(entry.lastByte, lo);
     if (!levels_.secondLevels) return;
-    u32 const hi2 = Next();
-    u32 const lo2 = levels_.twoBytes ? Next() : u8{0};
-    if (status_ >= 0) entry.second = levels_.Second(hi2, lo2);
+    u32 const hi2 = fields_.Byte();
+    u32 const lo2 = levels_.twoBytes ? fields_.Byte() : u8{0};
+    if (fields_.Status() >= 0) entry.second = levels_.Second(hi2, lo2);
   }
 
   // Puts an entry into the record; true when that completes it.
@@ -210,8 +204,8 @@ class StreamCall {
     return false;
   }
 
-  // Puts a marker into the record, and a sample at or below 0, which counts as one. A run marker sets the
-  // time to that of the event it answers to, and completes the record.
+  // Puts a marker into the record, and a sample at or below 0, which counts as one. A run marker
+  // sets the time to that of the event it answers to, and completes the record.
   bool CollectMarker(const Entry& entry) {
     TranslateContext& context = *CurrentContext;
     i32 const code = MarkerCode(entry.first);
@@ -226,9 +220,7 @@ class StreamCall {
 
   QvTimeHistory& record_ = OutputAs<QvTimeHistory>();
   StreamLevels levels_ = StreamLevelsInForce();
-  const u8* next_ = CurrentContext->RecordBuffer;
-  const u8* end_ = next_ + CurrentContext->RecordLength;
-  i32 status_ = 0;
+  BodyFields fields_;
   i32 pending_ = CurrentContext->SamplesPending;
   f64 time_ = CurrentContext->StreamTime;
   f64 period_ = CurrentContext->StreamPeriod;
@@ -246,8 +238,10 @@ i32 DecodeStream() {
   }
   context.RecordLength = kStreamBlock;
   ClearOutput(sizeof(QvTimeHistory));
-  // A block that comes short is no fault: the entries behind its end are those that stood in the buffer
-  // before. The step counts how many bytes of them it used.
+  // How many bytes came is not asked: the file's last stream fills no block of this size, and its
+  // end is told by a 0 in the stream. Where the file is cut before that, the decoder goes on with
+  // what stands in the buffer from the block before, as it does in every body that comes short; the
+  // step counts how many bytes it used of that.
   ReadRecordBlock(kStreamBlock);
 
   StreamCall call;

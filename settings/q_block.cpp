@@ -81,37 +81,39 @@ void KeepTitle(char (&title)[82], std::string_view value) {
 // Stores the value in its field. Tells whether a number was there.
 bool StoreValue(const Register& row, std::string_view value, QBlock& block) {
   TranslateContext& context = *CurrentContext;
-  char* const text = TextAt(&block.record, row.offset);
+  char* const text = TextAt(&block.record, row.field.offset);
   i32 const whole = WholeNumber(value);
   f64 real = 0;
   switch (row.form) {
     case Form::Int16:
-      StoreAt(&block.record, row.offset, LowBits<u16>(whole));
+      StoreAt(&block.record, row.field.offset, LowBits<u16>(whole));
       return true;
     case Form::Int16Newer:
-      StoreAt(&block.record, row.offset, LowBits<u16>(context.FirmwareAbove09 != 0 ? whole : 0));
+      StoreAt(&block.record, row.field.offset,
+              LowBits<u16>(context.FirmwareAbove09 != 0 ? whole : 0));
       return true;
     case Form::Real:
       if (ParseDouble(value, &real) != 0) return false;
-      StoreAt(&block.record, row.offset, static_cast<f32>(real));
+      StoreAt(&block.record, row.field.offset, static_cast<f32>(real));
       return true;
     case Form::Threshold:
       context.ThresholdLevel = 65.0F;
       if (ParseDouble(value, &real) == 0) context.ThresholdLevel = static_cast<f32>(real);
-      StoreAt(&block.record, row.offset, context.ThresholdLevel);
+      StoreAt(&block.record, row.field.offset, context.ThresholdLevel);
       return true;
     case Form::SamplePeriod:
       if (ParseDouble(value, &real) == 0) context.IntervalSamplePeriod = static_cast<f32>(real);
-      StoreAt(&block.record, row.offset, LowBits<u16>(TruncateToI32(context.IntervalSamplePeriod)));
+      StoreAt(&block.record, row.field.offset,
+              LowBits<u16>(TruncateToI32(context.IntervalSamplePeriod)));
       return true;
     case Form::ShortDate:
-      WriteShortDate(value, text, row.size);
+      WriteShortDate(value, text, row.field.size);
       return true;
     case Form::DayName:
-      StoreAt(&block.record, row.offset, DayByName(value));
+      StoreAt(&block.record, row.field.offset, DayByName(value));
       return true;
     default:  // the texts
-      CopyText(text, row.size, value);
+      CopyText(text, row.field.size, value);
       return true;
   }
 }
@@ -312,7 +314,7 @@ void TakeRegister(i32 number, std::string_view value, QBlock& block) {
       TakeNumber(number, WholeNumber(value), block);
       break;
     case Form::Real:
-      TakeReal(number, LoadAt<f32>(&block.record, row->offset));
+      TakeReal(number, LoadAt<f32>(&block.record, row->field.offset));
       break;
     default:
       TakeText(number, value, block);

@@ -18,9 +18,9 @@ inline constexpr std::size_t kListsFrom = offsetof(QvResults431, SettingR172);
 inline constexpr std::size_t kListsRoom = sizeof(QvResults431) - sizeof(QvResults);
 
 constexpr Register kLists431[] = {
-    {171, Form::AtofList, offsetof(QvResults431, SettingR171), sizeof(QvResults431::SettingR171)},
-    {172, Form::AtofList, offsetof(QvResults431, SettingR172), sizeof(QvResults431::SettingR172)},
-    {173, Form::AtofList, offsetof(QvResults431, SettingR173), sizeof(QvResults431::SettingR173)},
+    {QV_NUMBERED(171, QvResults431, SettingR), Form::AtofList},
+    {QV_NUMBERED(172, QvResults431, SettingR), Form::AtofList},
+    {QV_NUMBERED(173, QvResults431, SettingR), Form::AtofList},
 };
 
 // Of the general registers R170 is a voltage here, and R171 a list.
@@ -35,7 +35,8 @@ constexpr auto MakeRegisters431() {
       std::copy_if(std::begin(kGeneralRegisters), std::end(kGeneralRegisters), registers.begin(),
                    [](const Register& row) { return !HasOtherForm431(row.number); });
   for (auto row = registers.begin(); row != end; ++row) {
-    if (row->offset >= kListsFrom) row->offset = static_cast<u16>(row->offset + kListsRoom);
+    if (row->field.offset >= kListsFrom)
+      row->field.offset = static_cast<u16>(row->field.offset + kListsRoom);
   }
   std::copy(std::begin(kLists431), std::end(kLists431), end);
   std::sort(registers.begin(), registers.end(),
@@ -45,6 +46,6 @@ constexpr auto MakeRegisters431() {
 
 inline constexpr auto kRegisters431 = MakeRegisters431();
 
-static_assert(InOrder(kRegisters431));
+static_assert(IsResultsTable(kRegisters431));
 
 }  // namespace qvslm

@@ -12,7 +12,6 @@ namespace qvslm {
 
 namespace {
 
-constexpr std::size_t kColumns = 8;
 constexpr std::string_view kCompass[] = {"  N", "NNE", " NE", "ENE", "  E", "ESE", " SE", "SSE",
                                          "  S", "SSW", " SW", "WSW", "  W", "WNW", " NW", "NNW"};
 
@@ -45,8 +44,8 @@ void StoreIndexedReal(const Register& row, std::string_view value, ResultsBlock&
   i32 const index = WholeNumber(value);
   f64 number = ParseReal(BehindComma(value, comma), block);
   if (value.find('p') != std::string_view::npos) number *= -1.0;
-  if (index < 0 || index >= static_cast<i32>(row.size / sizeof(f32))) return;
-  StoreAt(block.record, row.offset + sizeof(f32) * static_cast<std::size_t>(index),
+  if (index < 0 || index >= static_cast<i32>(row.field.size / sizeof(f32))) return;
+  StoreAt(block.record, row.field.offset + sizeof(f32) * static_cast<std::size_t>(index),
           static_cast<f32>(number));
 }
 
@@ -54,16 +53,16 @@ void StoreIndexedInteger(const Register& row, std::string_view value, ResultsBlo
   std::size_t const comma = value.find(',');
   if (comma == std::string_view::npos) return;
   i64 const index = i64{WholeNumber(value)} - 1;
-  if (index < 0 || index >= static_cast<i64>(row.size / sizeof(i32))) return;
-  StoreAt(block.record, row.offset + sizeof(i32) * static_cast<std::size_t>(index),
+  if (index < 0 || index >= static_cast<i64>(row.field.size / sizeof(i32))) return;
+  StoreAt(block.record, row.field.offset + sizeof(i32) * static_cast<std::size_t>(index),
           NumberAt(value, comma + 4));
 }
 
 // Three characters stand ahead of each number.
 void StoreEightIntegers(const Register& row, std::string_view value, ResultsBlock& block) {
   if (value.empty()) return;
-  for (std::size_t at = 0; at < row.size; at += sizeof(i32)) {
-    StoreAt(block.record, row.offset + at, NumberAt(value, 3));
+  for (std::size_t at = 0; at < row.field.size; at += sizeof(i32)) {
+    StoreAt(block.record, row.field.offset + at, NumberAt(value, 3));
     std::size_t const comma = value.find(',');
     if (comma == std::string_view::npos) return;
     value = BehindComma(value, comma);
@@ -74,9 +73,9 @@ void StoreEightIntegers(const Register& row, std::string_view value, ResultsBloc
 void StoreColumnBytes(const Register& row, std::string_view value, ResultsBlock& block) {
   if (block.columnsTaken) return;
   block.columnsTaken = true;
-  for (std::size_t cell = 0; cell < kColumns; ++cell) {
+  for (std::size_t cell = 0; cell < row.field.size; ++cell) {
     u8 const number = LowBits<u8>(NumberAt(value, 4 * cell + 1));
-    StoreAt(block.record, row.offset + cell, number == 0 ? u8{1} : number);
+    StoreAt(block.record, row.field.offset + cell, number == 0 ? u8{1} : number);
   }
 }
 
@@ -90,21 +89,22 @@ u32 FindCompassPoint(std::string_view value, u32 from) {
 void StoreCompassPoint(const Register& row, std::string_view value, ResultsBlock& block) {
   u32 const point = FindCompassPoint(value, block.compassFrom);
   bool const found = point < std::size(kCompass);
-  StoreAt(block.record, row.offset, static_cast<u16>(found ? point : 0));
+  StoreAt(block.record, row.field.offset, static_cast<u16>(found ? point : 0));
   block.compassFrom = point + 1;
 }
 
 void StoreCompassPointAnew(const Register& row, std::string_view value, ResultsBlock& block) {
   u32 const point = FindCompassPoint(value, 0);
   bool const found = point < std::size(kCompass);
-  StoreAt(block.record, row.offset, static_cast<u16>(found ? point : std::size(kCompass) - 1));
+  StoreAt(block.record, row.field.offset,
+          static_cast<u16>(found ? point : std::size(kCompass) - 1));
 }
 
 void StoreRealList(const Register& row, std::string_view value, ResultsBlock& block) {
   std::size_t at = 0;
   ForEachItem(value, [&](std::string_view item) {
     auto const number = static_cast<f32>(ParseReal(item, block));
-    if (at < row.size) StoreAt(block.record, row.offset + at, number);
+    if (at < row.field.size) StoreAt(block.record, row.field.offset + at, number);
     at += sizeof(f32);
     return true;
   });
@@ -113,9 +113,9 @@ void StoreRealList(const Register& row, std::string_view value, ResultsBlock& bl
 void StoreAtofList(const Register& row, std::string_view value, ResultsBlock& block) {
   std::size_t at = 0;
   ForEachItem(value, [&](std::string_view item) {
-    StoreAt(block.record, row.offset + at, static_cast<f32>(FloatNumber(item)));
+    StoreAt(block.record, row.field.offset + at, static_cast<f32>(FloatNumber(item)));
     at += sizeof(f32);
-    return at < row.size;
+    return at < row.field.size;
   });
 }
 
@@ -132,12 +132,12 @@ std::string_view TakeToken(std::string_view& text) {
 // Pairs of date and time. A last date without a time has that of the pair before.
 void StoreStampList(const Register& row, std::string_view value, ResultsBlock& block) {
   std::string_view time;
-  for (std::size_t at = 0; at < row.size; at += sizeof(i32)) {
+  for (std::size_t at = 0; at < row.field.size; at += sizeof(i32)) {
     std::string_view const date = TakeToken(value);
     if (date.empty()) return;
     std::string_view const token = TakeToken(value);
     if (!token.empty()) time = token;
-    StoreAt(block.record, row.offset + at, DateToSecs(date, time, 0));
+    StoreAt(block.record, row.field.offset + at, DateToSecs(date, time, 0));
   }
 }
 
@@ -147,28 +147,23 @@ f32 BandValue(std::string_view item) {
   return none ? kNoLevel : static_cast<f32>(FloatNumber(item));
 }
 
-struct BandArray {
-  f32 thirds[34];
-  f32 octaves[12];
-};
-
 constexpr std::size_t kThirds = std::size(BandArray{}.thirds);
 
 void StoreBandList(const Register& row, std::string_view value, ResultsBlock& block) {
-  auto bands = LoadAt<BandArray>(block.record, row.offset);
+  auto bands = LoadAt<BandArray>(block.record, row.field.offset);
   std::size_t count = 0;
   ForEachItem(value, [&](std::string_view item) {
     bands.thirds[count++] = BandValue(item);
     return count < kThirds;
   });
   SumOctaves(bands.thirds, bands.octaves, 11);
-  StoreAt(block.record, row.offset, bands);
+  StoreAt(block.record, row.field.offset, bands);
 }
 
 // A short line holds octaves, which fill the head of the third-octave array too.
 void StoreCountedBandList(const Register& row, std::string_view value, ResultsBlock& block) {
   constexpr std::size_t kOctaveLine = 130;
-  auto bands = LoadAt<BandArray>(block.record, row.offset);
+  auto bands = LoadAt<BandArray>(block.record, row.field.offset);
   std::size_t count = 0;
   ForEachItem(value, [&](std::string_view item) {
     bands.thirds[count++] = BandValue(item);
@@ -178,31 +173,33 @@ void StoreCountedBandList(const Register& row, std::string_view value, ResultsBl
   if (value.size() < kOctaveLine) {
     std::copy(bands.thirds, bands.thirds + std::size(bands.octaves), bands.octaves);
   }
-  StoreAt(block.record, row.offset, bands);
+  StoreAt(block.record, row.field.offset, bands);
 }
 
 void ResetBands(const Register& row, ResultsBlock& block) {
   BandArray bands;
   std::fill(std::begin(bands.thirds), std::end(bands.thirds), kNoLevel);
   std::fill(std::begin(bands.octaves), std::end(bands.octaves), kNoLevel);
-  StoreAt(block.record, row.offset, bands);
+  StoreAt(block.record, row.field.offset, bands);
 }
 
 // Names of 21 characters; one more character stands ahead of the seventh.
 void StoreSevenNames(const Register& row, std::string_view value, ResultsBlock& block) {
   constexpr std::size_t kName = 21;
-  char* field = TextAt(block.record, row.offset);
+  char* field = TextAt(block.record, row.field.offset);
+  char* const end = field + row.field.size;
   if (value.size() < 2 || value[1] != 'N') {
     *field = '\0';
     return;
   }
   std::size_t from = 4;
-  for (int name = 0; name < 7; ++name) {
+  for (; field < end; field += kName + 1) {
+    bool const last = field + kName + 1 == end;
+    if (last) ++from;
     std::string_view const text = Columns(value, from, kName);
     std::memset(field, 0, kName + 1);
     text.copy(field, kName);
-    field += kName + 1;
-    from += name == 5 ? kName + 1 : kName;
+    from += kName;
   }
 }
 
@@ -223,28 +220,28 @@ std::string_view BehindLeadingBlanks(std::string_view value) {
 void StoreResult(const Register& row, std::string_view value, std::string_view wholeLine,
                  ResultsBlock& block) {
   void* const record = block.record;
-  char* const text = TextAt(record, row.offset);
+  char* const text = TextAt(record, row.field.offset);
   switch (row.form) {
     case Form::Int16:
-      return StoreAt(record, row.offset, LowBits<u16>(WholeNumber(value)));
+      return StoreAt(record, row.field.offset, LowBits<u16>(WholeNumber(value)));
     case Form::Int32:
-      return StoreAt(record, row.offset, WholeNumber(value));
+      return StoreAt(record, row.field.offset, WholeNumber(value));
     case Form::Real:
-      return StoreAt(record, row.offset, static_cast<f32>(ParseReal(value, block)));
+      return StoreAt(record, row.field.offset, static_cast<f32>(ParseReal(value, block)));
     case Form::Atof:
-      return StoreAt(record, row.offset, static_cast<f32>(FloatNumber(value)));
+      return StoreAt(record, row.field.offset, static_cast<f32>(FloatNumber(value)));
     case Form::Text:
-      return CopyText(text, row.size, value);
+      return CopyText(text, row.field.size, value);
     case Form::BlankSkippedText:
-      return CopyText(text, row.size, BehindLeadingBlanks(value));
+      return CopyText(text, row.field.size, BehindLeadingBlanks(value));
     case Form::Hms:
-      return StoreAt(record, row.offset, static_cast<f32>(ParseHms(value)));
+      return StoreAt(record, row.field.offset, static_cast<f32>(ParseHms(value)));
     case Form::Stamp:
-      return StoreAt(record, row.offset, StampSeconds(value));
+      return StoreAt(record, row.field.offset, StampSeconds(value));
     case Form::LastNumber:
-      return StoreAt(record, row.offset, static_cast<f32>(block.lastNumber));
+      return StoreAt(record, row.field.offset, static_cast<f32>(block.lastNumber));
     case Form::LetterTest:
-      if (wholeLine.find('n') != std::string_view::npos) StoreAt(record, row.offset, i32{1});
+      if (wholeLine.find('n') != std::string_view::npos) StoreAt(record, row.field.offset, i32{1});
       return;
     case Form::IndexedReal:
       return StoreIndexedReal(row, value, block);
@@ -273,7 +270,7 @@ void StoreResult(const Register& row, std::string_view value, std::string_view w
     case Form::SevenNames:
       return StoreSevenNames(row, value, block);
     case Form::ScaledNumber:
-      return StoreAt(record, row.offset, static_cast<f32>(ScaledNumber(value)));
+      return StoreAt(record, row.field.offset, static_cast<f32>(ScaledNumber(value)));
     default:
       return;
   }
@@ -281,9 +278,9 @@ void StoreResult(const Register& row, std::string_view value, std::string_view w
 
 void StoreVoltage(std::string_view value, const Register& r86, const Register& r87,
                   ResultsBlock& block) {
-  std::string_view const unit(TextAt(block.record, r87.offset));
+  std::string_view const unit(TextAt(block.record, r87.field.offset));
   if (unit.find('E') == std::string_view::npos) return;
-  FormatVoltage(FloatNumber(value), TextAt(block.record, r86.offset), r86.size);
+  FormatVoltage(FloatNumber(value), TextAt(block.record, r86.field.offset), r86.field.size);
 }
 
 void TakeModelLine(std::string_view value) {

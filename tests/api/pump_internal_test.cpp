@@ -240,11 +240,12 @@ TEST(PumpState, EachStepSetsItsOwnFields) {
   qvslm::u8 leftover[1];
   state.RawRecordCopy = leftover;
   state.RecordFilter = 3;
+  state.RecordPos = 77;
   EXPECT_EQ(session.Next(), QV_OK);
   EXPECT_EQ(state.RawRecordCopy, nullptr);
   EXPECT_EQ(state.RecordFilter, 65535);
   EXPECT_EQ(state.RecordLength, 10u);
-  EXPECT_EQ(state.RecordPos, 10);
+  EXPECT_EQ(state.RecordPos, 0);
 }
 
 TEST(PumpState, TheEndOfDataLeavesNoFile) {

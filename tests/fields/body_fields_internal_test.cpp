@@ -1,5 +1,4 @@
-// The reader of fields that keeps its place to itself. Internal: no export shows where a record's
-// fields end.
+// The reader of a body's fields. Internal: no export shows where a record's fields end.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -44,12 +43,10 @@ TEST_F(Fields, StandOneBehindTheOther) {
   fields.Raw(raw, 4);
   EXPECT_EQ(Bytes(raw, raw + 4), (Bytes{7, 8, 9, 10}));
   EXPECT_EQ(fields.Status(), 0);
-  fields.Close();
-  EXPECT_EQ(context_.RecordPos, 10);
+  EXPECT_EQ(fields.Place(), 10);
   EXPECT_EQ(Taken(fields, 2), (Bytes{11, 12}));
   EXPECT_EQ(fields.Status(), 0);
-  fields.Close();
-  EXPECT_EQ(context_.RecordPos, 12);
+  EXPECT_EQ(fields.Place(), 12);
 }
 
 // A field that the record's end cuts keeps what there is of it.
@@ -61,8 +58,7 @@ TEST_F(Fields, AreCutByTheEnd) {
     BodyFields fields;
     EXPECT_EQ(Taken(fields, 8), bytes) << there;
     EXPECT_EQ(fields.Status(), QV_RECORD_TOO_SHORT) << there;
-    fields.Close();
-    EXPECT_EQ(context_.RecordPos, there);
+    EXPECT_EQ(fields.Place(), there);
   }
 }
 
@@ -78,8 +74,7 @@ TEST_F(Fields, AreZeroBehindTheEnd) {
   fields.Raw(raw, 2);
   EXPECT_EQ(Bytes(raw, raw + 2), (Bytes{0, 0}));
   EXPECT_EQ(fields.Status(), QV_RECORD_TOO_SHORT);
-  fields.Close();
-  EXPECT_EQ(context_.RecordPos, 1);
+  EXPECT_EQ(fields.Place(), 1);
 }
 
 TEST_F(Fields, RawBytesAreCutByTheEnd) {
@@ -90,8 +85,7 @@ TEST_F(Fields, RawBytesAreCutByTheEnd) {
   fields.Raw(raw, 4);
   EXPECT_EQ(Bytes(raw, raw + 5), (Bytes{2, 3, 0, 0, 7}));
   EXPECT_EQ(fields.Status(), QV_RECORD_TOO_SHORT);
-  fields.Close();
-  EXPECT_EQ(context_.RecordPos, 3);
+  EXPECT_EQ(fields.Place(), 3);
 }
 
 // A raw block of no bytes can be read anywhere.
@@ -103,6 +97,32 @@ TEST_F(Fields, NoRawBytesAreNeverMissing) {
   fields.Raw(raw, 0);
   EXPECT_EQ(raw[0], 7);
   EXPECT_EQ(fields.Status(), 0);
+}
+
+// From a later place on; one behind the end is the end.
+TEST_F(Fields, BeginWhereTheyAreTold) {
+  Record({1, 2, 3});
+  BodyFields second(1);
+  EXPECT_EQ(second.Byte(), 2);
+  EXPECT_EQ(second.Place(), 2);
+  for (u32 const place : {3U, 4U, 12U, 6200U}) {
+    BodyFields behind(place);
+    EXPECT_EQ(behind.Place(), 3) << place;
+    EXPECT_EQ(Taken(behind, 8), Bytes(8)) << place;
+    EXPECT_EQ(behind.Status(), QV_RECORD_TOO_SHORT) << place;
+  }
+}
+
+TEST_F(Fields, ArePassedWithoutALook) {
+  Record({1, 2, 3, 4, 5, 6});
+  BodyFields fields;
+  fields.Skip(2);
+  EXPECT_EQ(fields.Ahead(), context_.RecordBuffer + 2);
+  fields.Pass(3);
+  EXPECT_EQ(fields.Place(), 5);
+  EXPECT_EQ(fields.Byte(), 6);
+  fields.Skip(1);
+  EXPECT_EQ(fields.Status(), QV_RECORD_TOO_SHORT);
 }
 
 }  // namespace

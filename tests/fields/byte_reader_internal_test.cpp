@@ -66,14 +66,15 @@ TEST_F(ByteReader, EmptyRecordHasNoByte) {
 
 // Each byte sets the status anew: one that can be read clears the failure before it.
 TEST_F(ByteReader, StatusIsThatOfTheLastByte) {
+  qvslm::i32 status = -1;
   Record("a");
-  EXPECT_EQ(ReadByte(), 'a');
-  EXPECT_EQ(context_.ErrorCode, 0);
-  ReadByte();
-  EXPECT_EQ(context_.ErrorCode, QV_RECORD_TOO_SHORT);
+  EXPECT_EQ(ReadByte(status), 'a');
+  EXPECT_EQ(status, 0);
+  ReadByte(status);
+  EXPECT_EQ(status, QV_RECORD_TOO_SHORT);
   Record("b");
-  ReadByte();
-  EXPECT_EQ(context_.ErrorCode, 0);
+  ReadByte(status);
+  EXPECT_EQ(status, 0);
 }
 
 class BlockReader : public ByteReader {

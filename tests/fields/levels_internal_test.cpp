@@ -25,17 +25,16 @@ class Levels : public testing::Test {
     u32 count = 0;
     for (int const byte : bytes) context_.RecordBuffer[count++] = static_cast<u8>(byte);
     context_.RecordLength = count;
-    context_.RecordPos = 0;
-    context_.ErrorCode = 0;
   }
 
   template <class Result>
-  Result Decode(void (*decoder)(Result&), std::initializer_list<int> bytes) {
+  Result Decode(void (*decoder)(BodyFields&, Result&), std::initializer_list<int> bytes) {
     Record(bytes);
+    BodyFields fields;
     Result result{};
-    decoder(result);
-    EXPECT_EQ(context_.RecordPos, static_cast<i32>(bytes.size())) << "all bytes are taken";
-    EXPECT_EQ(context_.ErrorCode, 0);
+    decoder(fields, result);
+    EXPECT_EQ(fields.Place(), static_cast<i32>(bytes.size())) << "all bytes are taken";
+    EXPECT_EQ(fields.Status(), 0);
     return result;
   }
 
@@ -55,10 +54,10 @@ TEST_F(Levels, WholeNumbers) {
   EXPECT_EQ(Decode(DecodeU16, {0xFF, 0xFE}), 65534U);
   EXPECT_EQ(Decode(DecodeU16Short, {0x12, 0x34}), 0x1234);
   EXPECT_EQ(Decode(DecodeU16Short, {0xFF, 0xFE}), 65534);
-  Record({0x12, 0x34, 0x56});
-  EXPECT_EQ(DecodeU24(), 0x123456);
-  Record({0xFF, 0xFF, 0xFE});
-  EXPECT_EQ(DecodeU24(), 16777214);
+  Record({0x12, 0x34, 0x56, 0xFF, 0xFF, 0xFE});
+  BodyFields fields;
+  EXPECT_EQ(DecodeU24(fields), 0x123456);
+  EXPECT_EQ(DecodeU24(fields), 16777214);
 }
 
 TEST_F(Levels, EventByte) {
@@ -66,7 +65,8 @@ TEST_F(Levels, EventByte) {
     Record({byte});
     u16 event = 0xFFFF;
     u16 detail = 0xFFFF;
-    DecodeEventByte(event, detail);
+    BodyFields fields;
+    DecodeEventByte(fields, event, detail);
     EXPECT_EQ(event, byte & 0x70) << byte;
     EXPECT_EQ(detail, byte & 0x0F) << byte;
   }
@@ -76,7 +76,9 @@ TEST_F(Levels, StatusByte) {
   for (int byte = 0; byte < 256; ++byte) {
     u16 flag = 0xFFFF;
     u16 code = 0xFFFF;
-    DecodeStatusByte(static_cast<u8>(byte), flag, code);
+    Record({byte});
+    BodyFields fields;
+    DecodeStatusByte(fields, flag, code);
     EXPECT_EQ(flag, byte & 0x20) << byte;
     EXPECT_EQ(code, byte >= 128 ? 128 : byte & 0x07) << byte;
   }
@@ -157,8 +159,9 @@ TEST_F(Levels, ScaledByte) {
     channel.Low = low;
     channel.High = high;
     Record({byte});
+    BodyFields fields;
     f32 result = -1;
-    DecodeScaledByte(channel, result);
+    DecodeScaledByte(fields, channel, result);
     return result;
   };
   EXPECT_EQ(scaled(0, 256, 200), 200.0F);
@@ -202,10 +205,11 @@ TEST_F(Levels, Durations) {
   };
   for (const auto& row : rows) {
     Record(row.bytes);
+    BodyFields fields;
     f32 result = -1;
-    DecodeDuration(result, row.kind);
+    DecodeDuration(fields, result, row.kind);
     EXPECT_EQ(result, row.seconds) << row.kind;
-    EXPECT_EQ(context_.RecordPos, row.kind);
+    EXPECT_EQ(fields.Place(), row.kind);
   }
   EXPECT_EQ(Decode(DecodeDuration5, {0, 1, 2, 3, 128}), 3723.5F);
 }
@@ -213,21 +217,23 @@ TEST_F(Levels, Durations) {
 TEST_F(Levels, DurationsOfOtherKinds) {
   for (i32 const kind : {-1, 0, 1, 2, 4, 7, 100}) {
     Record({1, 2, 3, 4, 5, 6, 7});
+    BodyFields fields;
     f32 result = -1;
-    DecodeDuration(result, kind);
+    DecodeDuration(fields, result, kind);
     EXPECT_EQ(result, 0.0F) << kind;
-    EXPECT_EQ(context_.RecordPos, 0) << kind;
+    EXPECT_EQ(fields.Place(), 0) << kind;
   }
 }
 
-// Behind the end the bytes are 0; the arithmetic goes on, and the status stands in ErrorCode.
+// Behind the end the bytes are 0; the arithmetic goes on, and the reader has the status.
 TEST_F(Levels, BehindTheEnd) {
   context_.LevelOffset = 5;
-  auto const behind = [this](void (*decoder)(f32&), std::initializer_list<int> bytes) {
+  auto const behind = [this](void (*decoder)(BodyFields&, f32&), std::initializer_list<int> bytes) {
     Record(bytes);
+    BodyFields fields;
     f32 result = -1;
-    decoder(result);
-    EXPECT_EQ(context_.ErrorCode, QV_RECORD_TOO_SHORT);
+    decoder(fields, result);
+    EXPECT_EQ(fields.Status(), QV_RECORD_TOO_SHORT);
     return result;
   };
   EXPECT_EQ(behind(DecodeLevel, {}), kMarker);
@@ -245,31 +251,46 @@ TEST_F(Levels, BehindTheEnd) {
 
 // Sums in single precision are those of double precision, rounded.
 TEST_F(Levels, SumsAreThoseOfDoublePrecision) {
+  Record({0, 0});
   for (f32 const offset : {0.1F, 10.3F, -37.7F, 119.99F, 1e-7F, 3e7F, -1e-30F, 3.4e38F}) {
     context_.LevelOffset = offset;
     for (u32 word = 1; word < 65536; ++word) {
-      u8 const bytes[2] = {static_cast<u8>(word >> 8), static_cast<u8>(word & 0xFF)};
+      context_.RecordBuffer[0] = static_cast<u8>(word >> 8);
+      context_.RecordBuffer[1] = static_cast<u8>(word & 0xFF);
       f64 const sum = word / 256.0 + static_cast<f64>(offset);
-      f32 const level = LevelOf(bytes);
-      ASSERT_EQ(level, bytes[1] == 0 ? kMarker : static_cast<f32>(sum)) << word << " " << offset;
+      BodyFields fields;
+      f32 level = -1;
+      DecodeLevel(fields, level);
+      ASSERT_EQ(level, word % 256 == 0 ? kMarker : static_cast<f32>(sum)) << word << " " << offset;
     }
   }
 }
 
-// Stream levels end with the status of a missing byte.
+// Stream levels end with the status of a missing byte, and leave the result as it was.
 TEST_F(Levels, StreamLevelsBehindTheEnd) {
   context_.Model = kDefaultModel;
   f32 result = -1;
-  Record({});
-  EXPECT_EQ(DecodeStreamLevel(75, result), QV_RECORD_TOO_SHORT);
-  EXPECT_EQ(DecodeStreamLevel2(result), QV_RECORD_TOO_SHORT);
-  Record({40});
-  EXPECT_EQ(DecodeStreamLevel2(result), QV_RECORD_TOO_SHORT);
+  auto const first = [&](std::initializer_list<int> bytes) {
+    Record(bytes);
+    BodyFields fields;
+    return DecodeStreamLevel(fields, 75, result);
+  };
+  auto const second = [&](std::initializer_list<int> bytes) {
+    Record(bytes);
+    BodyFields fields;
+    return DecodeStreamLevel2(fields, result);
+  };
+  EXPECT_EQ(first({}), QV_RECORD_TOO_SHORT);
+  EXPECT_EQ(second({}), QV_RECORD_TOO_SHORT);
+  EXPECT_EQ(second({40}), QV_RECORD_TOO_SHORT);
+  EXPECT_EQ(result, -1.0F);
   context_.WholeDbStream = 1;
-  Record({});
-  EXPECT_EQ(DecodeStreamLevel(75, result), 0);
+  EXPECT_EQ(first({}), 0);
   EXPECT_EQ(result, 75.0F);
-  EXPECT_EQ(DecodeStreamLevel2(result), QV_RECORD_TOO_SHORT);
+  EXPECT_EQ(second({}), QV_RECORD_TOO_SHORT);
+  EXPECT_EQ(result, 75.0F);
+  EXPECT_EQ(second({40}), 0);
+  EXPECT_EQ(result, 56.0F);
 }
 
 // No stream hands a 0 to the decoder of first levels; it would get no offset.
@@ -277,11 +298,11 @@ TEST_F(Levels, StreamLevelZero) {
   context_.Model = kDefaultModel;
   context_.LevelOffset = 30;
   f32 result = -1;
-  Record({0});
-  EXPECT_EQ(DecodeStreamLevel(0, result), 0);
+  Record({0, 64});
+  BodyFields fields;
+  EXPECT_EQ(DecodeStreamLevel(fields, 0, result), 0);
   EXPECT_EQ(result, 0.0F);
-  Record({64});
-  EXPECT_EQ(DecodeStreamLevel(0, result), 0);
+  EXPECT_EQ(DecodeStreamLevel(fields, 0, result), 0);
   EXPECT_EQ(result, 30.5F);
 }
 
