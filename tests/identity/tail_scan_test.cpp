@@ -299,6 +299,17 @@ TEST(TailScan442, TheLastBlockCounts) {
   EXPECT_EQ(Scan442(kBlock442 + "R106,1.5\r\n" + kBlock442 + "R  7,x\r\n").status, QV_NOT_FOUND);
 }
 
+// A block of which the file has the opening line alone, without its end, is none yet.
+TEST(TailScan442, ABlockCutBehindItsOpeningLine) {
+  std::string const whole = kBlock442 + "R  6,21Jun2024,18:00:00\r\nR106,1.5\r\n";
+  Scan const cut = Scan442(whole + kBlock442.substr(0, 27));
+  EXPECT_EQ(cut.status, QV_OK);
+  EXPECT_EQ(cut.stop, kFoundStop);
+  EXPECT_EQ(cut.levelOffset, 1.5f);
+  // One byte more, and it is the last block, which has nothing of what is sought.
+  EXPECT_EQ(Scan442(whole + kBlock442.substr(0, 28)).status, QV_NOT_FOUND);
+}
+
 TEST(TailScan442, LinesBeforeTheBlockDoNotCount) {
   Scan const scan = Scan442("R  6,21Jun2024,17:00:00\r\nR106,1.5\r\n" + kBlock442 + "R106,2.5\r\n");
   EXPECT_EQ(scan.stop, kHeaderStop);

@@ -43,7 +43,7 @@ TEST(Reference431, EveryPositionHasItsField) {
                             .Item(kReferenceItem, WithStamps(CountingBody(129)))
                             .EndOfData());
   RecordImage expected(148);
-  expected.U16(0, 30).U16(2, 7).U16(10, 431).U16(12, 0).U16(14, 1).U16(16, 2);
+  expected.U16(0, 30).U16(2, 7).U16(10, 431).U16(12, 241).U16(14, 1).U16(16, 2);
   expected.F32(20, 3 + 4 / 256.0f).F32(24, 5 + 6 / 256.0f).F32(28, 8.5f + 8 / 256.0f);
   expected.I32(32, kMarch).I32(36, kNovember);
   expected.F32(40, 22.5f + 22 / 256.0f).F32(44, 44.5f + 44 / 256.0f);
@@ -192,7 +192,7 @@ TEST(Reference, EveryPositionHasItsField) {
                               .EndOfData());
     RecordImage expected(64);
     expected.U16(0, 50).U16(2, 7).U16(10, model);
-    expected.U16(12, 0).U16(14, 1);
+    expected.U16(12, 241).U16(14, 1);
     expected.F32(16, 3 + 4 / 256.0f).F32(20, 5 + 6 / 256.0f).F32(24, 7 + 8 / 256.0f);
     expected.I32(28, kMarch).I32(32, kNovember);
     expected.F32(36, 22.5f + 22 / 256.0f).F32(40, 24.5f + 24 / 256.0f).F32(44, 26.5f + 26 / 256.0f);

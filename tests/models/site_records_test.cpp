@@ -46,7 +46,10 @@ constexpr RawTextRow kTexts[] = {
 
 template <std::size_t Bytes, std::size_t Texts>
 void Fill(RecordImage& image, const ByteRow (&bytes)[Bytes], const RawTextRow (&texts)[Texts]) {
-  for (ByteRow const& row : bytes) image.U16(static_cast<std::size_t>(row.Offset), row.Position);
+  for (ByteRow const& row : bytes) {
+    image.U16(static_cast<std::size_t>(row.Offset),
+              CountedByte(static_cast<std::size_t>(row.Position)));
+  }
   for (RawTextRow const& row : texts) {
     for (int i = 0; i < row.Width; ++i) {
       image.U8(row.Offset + static_cast<std::size_t>(i), row.Position + i);

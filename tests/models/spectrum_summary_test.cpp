@@ -126,7 +126,7 @@ TEST(SpectrumSummary, EverySectionOnAndOff) {
 }
 
 TEST(SpectrumSummary, EachBandHasItsPlace) {
-  // Byte i of the tables holds i: 33 bands, 33 of the second spectrum, six spectra from the last.
+  // Byte i of the tables holds i, but for the first: 33 bands, 33 of the second spectrum, six spectra from the last.
   Body body = Head().Raw(CountingBody(2 * 33 * 2 + 6 * 33 * 2).Bytes());
   Translation const run(Model442("SSA")
                             .Q(157, "7")
@@ -137,7 +137,8 @@ TEST(SpectrumSummary, EachBandHasItsPlace) {
   auto const record = run.As<QvSpectrumSummary>(0, 56);
   EXPECT_EQ(record.SiteNumber, 7);
   for (int i = 0; i < 33; ++i) {
-    float const first = static_cast<float>(2 * i) + static_cast<float>(2 * i + 1) / 256;
+    int const at = 2 * i;
+    float const first = static_cast<float>(i == 0 ? 241 : at) + static_cast<float>(at + 1) / 256;
     float const second = static_cast<float>(66 + 2 * i) + static_cast<float>(67 + 2 * i) / 256;
     EXPECT_EQ(record.Bands[i], first);
     EXPECT_EQ(record.SecondBands[i], second);
