@@ -229,6 +229,33 @@ TEST(LocalSeconds, OfTheDaysOfTheChange) {
   }
 }
 
+// The clock of Lord Howe Island changes by half an hour, within an hour: standard time is 10:30 ahead
+// of UTC, summer time 11:00.
+TEST(LocalSeconds, OfHoursInWhichTheClockChanges) {
+  Zone const zone("Australia/Lord_Howe");
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_EQ(Seconds(At(2024, 10, 6, 1, 59, 59)), Utc(2024, 10, 5, 15, 29, 59));
+    EXPECT_EQ(Seconds(At(2024, 10, 6, 2, 15)), Utc(2024, 10, 5, 15, 45));  // skipped
+    EXPECT_EQ(Seconds(At(2024, 10, 6, 2, 45)), Utc(2024, 10, 5, 15, 45));
+    EXPECT_EQ(Seconds(At(2024, 4, 7, 1, 15)), Utc(2024, 4, 6, 14, 15));
+    EXPECT_EQ(Seconds(At(2024, 4, 7, 1, 45)), Utc(2024, 4, 6, 15, 15));  // the second of two
+    EXPECT_EQ(Seconds(At(2024, 4, 7, 2, 15)), Utc(2024, 4, 6, 15, 45));
+  }
+}
+
+// Days that have the same number in another month or year are other days.
+TEST(LocalSeconds, TellDaysOfOneNumberApart) {
+  Zone const zone("Europe/Berlin");
+  for (int year = 1970; year < 2038; ++year) {
+    for (int month = 1; month <= 12; ++month) {
+      Calendar stamp = At(year, month, 5, 12);
+      bool const daylight = LocalCalendar(LocalSeconds(stamp)).DaylightFlag > 0;
+      ASSERT_EQ(Seconds(At(year, month, 5, 12)),
+                Utc(year, static_cast<unsigned>(month), 5, daylight ? 10 : 11));
+    }
+  }
+}
+
 // What was asked before has no part in the answer: every half hour of the months of the changes, in
 // order, in no order, and each alone. (A day that a zone leaves out, as Apia did 30 December 2011, is
 // no instant by either clock, and is as the C library has it.)
