@@ -99,8 +99,9 @@ TEST_P(Item2Times, CarryTheZoneOfTheHost) {
 TEST_P(Item2Times, FollowTheSpanOfTheRunOnModel442) {
   ScopedZone const zone("Europe/Berlin");
   DataFile file = File();
-  AddAutumnRun(file).Item(5, Body().U8(0).Date(27, 10, 2024).Time(8, 10, 0).Level(60.5).U8(0));
-  file.Item(2, At(27, 10, 2, 30)).Item(2, At(27, 10, 7, 50));
+  AddAutumnRun(file).Item(2, At(27, 10, 2, 30));
+  file.Item(5, Body().U8(0).Date(27, 10, 2024).Time(8, 10, 0).Level(60.5).U8(0));
+  file.Item(2, At(27, 10, 7, 50));
   file.Item(2, At(27, 10, 8, 10)).Item(2, At(27, 10, 7, 50));
   Translation const run(file.EndOfData(), {.census = true});
   EXPECT_EQ(run.census, QV_OK);
