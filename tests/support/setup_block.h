@@ -1,8 +1,11 @@
 // Setup blocks, the bodies of 'M' items, for the tests of their records.
 #pragma once
 
-#include <string>
+#include <gtest/gtest.h>
+
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "support/item_bodies.h"
 #include "support/record_image.h"
@@ -39,10 +42,25 @@ struct ByteRow {
   int Offset;
   int Position;
 };
+inline void PutBytes(RecordImage& image, std::span<const ByteRow> rows) {
+  for (const ByteRow& row : rows) image.U16(static_cast<std::size_t>(row.Offset), row.Position);
+}
 
 struct TextRow {
   int Offset;
   std::string_view Text;
 };
+inline void PutTexts(RecordImage& image, std::span<const TextRow> rows) {
+  for (const TextRow& row : rows) image.Chars(static_cast<std::size_t>(row.Offset), row.Text);
+}
+
+// A file of this head in which a settings block names site 7, and the setup follows it.
+inline void ExpectSetup(samples::DataFile head, const samples::Body& block, int code,
+                        const RecordImage& image) {
+  Translation const run(head.Q(157, "7").Item(kSetupItem, block).EndOfData());
+  ASSERT_EQ(run.Codes(), (std::vector<int>{7, code, 15}));
+  EXPECT_EQ(run.Records(code).at(0).status, 0);
+  EXPECT_EQ(Difference(image, run.Records(code).at(0)), "");
+}
 
 }  // namespace test
