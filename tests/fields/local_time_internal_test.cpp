@@ -133,7 +133,7 @@ TEST(LocalSeconds, OfYearsFarOff) {
   for (const char* const name : {"UTC", "Europe/Berlin"}) {
     Zone const zone(name);
     for (int const year : {1900, 1899, 1, 0, -1, -4713, 2039, 2100, 2400, 9999, 10000, 11899, 11900,
-                           30000, 1000000, kHighest, -kHighest}) {
+                           30000, 1000000, kHighest}) {
       EXPECT_EQ(Seconds(At(year, 6, 21, 12)), -1) << year;
     }
     Calendar lowest = At(1900, 1, 1);
