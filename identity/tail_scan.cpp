@@ -24,15 +24,15 @@ void TakeStopTime(std::string_view date, std::string_view time) {
   CurrentContext->LastStopTime = static_cast<i32>(DateToSecs(date, time, 0)) - 1;
 }
 
-// Backward from the end of the file: where a line's register lies above 6, some way back again.
+// Backward from the end of the file: where a line's register lies above 6, some way back again. A
+// NUL within a line ends its text, and so its length.
 i32 WalkTailBackward() {
   TranslateContext& context = *CurrentContext;
   context.FileOffset = context.Model == kModel431 ? kTail431 : kTail;
   if (SeekFromEnd(context.FileOffset) != 0) return FailWith(QV_TAIL_SEEK_FAILED);
   context.LineBuffer[0] = '\0';
   while (context.FileOffset >= kFarthest) {
-    LineRead const line = ReadLine(context.LineBuffer, sizeof context.LineBuffer);
-    if (!line) return 0;
+    if (!ReadLine(context.LineBuffer, sizeof context.LineBuffer)) return 0;
     if (context.LineBuffer[0] != 'R') continue;
     std::string_view const text = context.LineBuffer;
     i32 const number = NumberAt(text, 1);
@@ -41,7 +41,7 @@ i32 WalkTailBackward() {
       return 0;
     }
     if (number > 6) {
-      i32 const back = kStepBack + static_cast<i32>(line.length);
+      i32 const back = kStepBack + static_cast<i32>(text.size());
       if (SeekDataFile(FilePosition() - back) != 0) return FailWith(QV_TAIL_SEEK_FAILED);
       context.FileOffset -= back;
     }

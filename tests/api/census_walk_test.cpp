@@ -351,6 +351,19 @@ TEST(CensusStatus, CountsBeginAnew) {
   EXPECT_EQ(test::AsArray(session.Counts()), test::CountsOf({}));
 }
 
+// Nor does a context keep the model and the settings of the file that it was used for before.
+TEST(CensusStatus, ForgetsTheFileBefore) {
+  test::TempFile const before(Model442("TAL").Q(81, "1").Item(2, Body()).EndOfData());
+  test::TempFile const stored(
+      DataFile().Q(157, "1").Item(2, Body()).Stream(6, Body().Raw({60, 0, 61, 0})).EndOfData());
+  test::Session session;
+  EXPECT_EQ(session.Census(before.Path()), QV_OK);
+  EXPECT_EQ(test::AsArray(session.Counts()), test::CountsOf({{48, 1}, {140, 1}}));
+  // A summary of a general model, and two samples of two bytes.
+  EXPECT_EQ(session.Census(stored.Path()), QV_OK);
+  EXPECT_EQ(test::AsArray(session.Counts()), test::CountsOf({{32, 1}, {48, 1}, {56, 2}}));
+}
+
 // A census in the middle of a walk that was left: the stream in progress is forgotten.
 TEST(CensusStatus, BehindAnUnfinishedTranslation) {
   test::TempFile const stored(test::Startable(

@@ -310,6 +310,22 @@ TEST(Dispatch, TallyItems) {
   }
 }
 
+// The sequence value counts the items passed, also where an item 130 has looked for its owner among
+// the tallies in between.
+TEST(Dispatch, TallyItemsAroundALookUp) {
+  Body const tally = Body().Date(21, 6, 2024).Time(9, 0, 0).PadTo(145);
+  Translation const run(Model442("TAL")
+                            .Item(2, tally)
+                            .Item(130, BandsOf(1))
+                            .Item(2, tally)
+                            .Item(2, tally)
+                            .EndOfData());
+  EXPECT_EQ(run.Codes(), (std::vector<int>{66, 12, 66, 66, 15}));
+  for (std::size_t i = 0; i < 3; ++i) {
+    EXPECT_EQ(run.As<QvTallyLevels>(i, QV_TALLY_LEVELS).RecordIndex, i + 1);
+  }
+}
+
 // The look-ups of the band items show where a family's walk begins: at its first item, or behind
 // the latest 'Q' block.
 TEST(Dispatch, OwnersAreCountedFromTheFirstItemOfTheirFamily) {

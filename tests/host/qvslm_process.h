@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -59,6 +60,8 @@ inline Result RunProgram(const std::vector<std::string>& command, const RunOptio
     Redirect(input.Path(), O_RDONLY, STDIN_FILENO);
     Redirect(out.Path(), O_WRONLY, STDOUT_FILENO);
     Redirect(err.Path(), O_WRONLY, STDERR_FILENO);
+    // A parent such as nohup has some signals ignored, and what it runs keeps that.
+    for (int const signal : {SIGHUP, SIGINT, SIGTERM, SIGPIPE}) std::signal(signal, SIG_DFL);
     alarm(60);
     execvp(arguments[0], arguments.data());
     _exit(127);

@@ -189,6 +189,35 @@ TEST(TailScan, JumpsBackwards) {
   }
 }
 
+// How far a jump goes back is the length of the line's text: what stands in it behind a NUL does not
+// count. The walk begins at the line R 24. Fifty bytes before it stands a stop time, and behind it
+// another, one hour later.
+int StopAround(const std::string& line) {
+  std::string const before = Line6() + std::string(22, 'x') + "\r\n";  // 26 and 24 bytes
+  std::string tail = line + Line6("21Jun2024,19:00:00");
+  tail += std::string(2500 - tail.size(), 'x');
+  return StopOf(before + tail);
+}
+
+TEST(TailScan, JumpsByTheLengthOfTheText) {
+  constexpr int kLaterStop = kFoundStop + 3600;
+  std::string const nul(1, '\0');
+  // 60 bytes: from their end 110 back, to the stop time before the line.
+  EXPECT_EQ(StopAround("R  24,ab" + std::string(50, 'x') + "\r\n"), kFoundStop);
+  // The same with a text of 8: 58 back, to the third byte of the line itself, whose rest is passed.
+  EXPECT_EQ(StopAround("R  24,ab" + nul + std::string(49, 'x') + "\r\n"), kLaterStop);
+  // A text of 6: 56 back, into the line. A text of 59 in 61 bytes: 109 back, to the third byte of
+  // the stop time before the line, so that the walk comes to the line again and again, until it has
+  // gone too far.
+  EXPECT_EQ(StopAround("R  24," + nul + std::string(51, 'x') + "\r\n"), kLaterStop);
+  EXPECT_EQ(StopAround("R  24,ab" + std::string(50, 'x') + "\r" + nul + "\n"), kHeaderStop);
+  // Of a line of 92 bytes 80 are read. A NUL among them shortens the way back, a NUL behind them does
+  // not: 130 back.
+  EXPECT_EQ(StopAround("R  24,ab" + nul + std::string(81, 'x') + "\r\n"), kLaterStop);
+  EXPECT_EQ(StopAround("R  24,ab" + std::string(72, 'x') + nul + std::string(9, 'x') + "\r\n"),
+            kFoundStop);
+}
+
 // A jump beyond the beginning of the file is a failed seek.
 TEST(TailScan, AJumpBeforeTheFile) {
   std::string const header = "L\r\n486\r\n1\r\n\r\n\r\n\r\n";  // 17 bytes
@@ -268,6 +297,17 @@ TEST(TailScan442, TheLastBlockCounts) {
   EXPECT_EQ(scan.levelOffset, 2.5f);
   // Even when it lacks what the first one has.
   EXPECT_EQ(Scan442(kBlock442 + "R106,1.5\r\n" + kBlock442 + "R  7,x\r\n").status, QV_NOT_FOUND);
+}
+
+// A block of which the file has the opening line alone, without its end, is none yet.
+TEST(TailScan442, ABlockCutBehindItsOpeningLine) {
+  std::string const whole = kBlock442 + "R  6,21Jun2024,18:00:00\r\nR106,1.5\r\n";
+  Scan const cut = Scan442(whole + kBlock442.substr(0, 27));
+  EXPECT_EQ(cut.status, QV_OK);
+  EXPECT_EQ(cut.stop, kFoundStop);
+  EXPECT_EQ(cut.levelOffset, 1.5f);
+  // One byte more, and it is the last block, which has nothing of what is sought.
+  EXPECT_EQ(Scan442(whole + kBlock442.substr(0, 28)).status, QV_NOT_FOUND);
 }
 
 TEST(TailScan442, LinesBeforeTheBlockDoNotCount) {

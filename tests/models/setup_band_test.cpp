@@ -4,8 +4,8 @@
 
 namespace {
 
-using test::Difference;
 using test::EmptySetup;
+using test::ExpectSetup;
 using test::General;
 using test::kSetupItem;
 using test::kSetupSize431;
@@ -89,9 +89,7 @@ RecordImage BandImage(const FirmwareCase& firmware, int model) {
       image.U16(static_cast<std::size_t>(row.Offset), row.Position);
     }
   }
-  for (const test::TextRow& row : kBandTexts) {
-    image.Chars(static_cast<std::size_t>(row.Offset), row.Text);
-  }
+  PutTexts(image, kBandTexts);
   if (firmware.Above201) {
     image.F32(156, 122.48046875F);  // 122 + 123/256
     image.Floats(232, {110.43359375F, 112.44140625F, 114.44921875F, 116.45703125F, 118.46484375F,
@@ -111,20 +109,12 @@ RecordImage BandImage(const FirmwareCase& firmware, int model) {
 TEST(SetupBand, EveryFieldStandsAtItsPlaceInEveryFirmware) {
   for (const FirmwareCase& firmware : kFirmware) {
     SCOPED_TRACE(firmware.Version);
-    Translation const run(Model442("SSA", firmware.Version)
-                              .Q(157, "7")
-                              .Item(kSetupItem, NumberedSetup(0))
-                              .EndOfData());
-    ASSERT_EQ(run.Codes(), (std::vector<int>{7, 51, 15}));
-    EXPECT_EQ(run.Records(51).at(0).status, 0);
-    EXPECT_EQ(Difference(BandImage(firmware, 442), run.Records(51).at(0)), "");
+    ExpectSetup(Model442("SSA", firmware.Version), NumberedSetup(0), 51, BandImage(firmware, 442));
   }
 }
 
 TEST(SetupBand, FormIsTheSameOnGeneralModels) {
-  Translation const run(General("3.6").Q(157, "7").Item(kSetupItem, NumberedSetup(0)).EndOfData());
-  ASSERT_EQ(run.Codes(), (std::vector<int>{7, 51, 15}));
-  EXPECT_EQ(Difference(BandImage({"3.6", true, true, true}, 486), run.Records(51).at(0)), "");
+  ExpectSetup(General("3.6"), NumberedSetup(0), 51, BandImage({"3.6", true, true, true}, 486));
 }
 
 TEST(SetupBand, DatesPrintTheirThirdByteFirst) {
@@ -204,25 +194,15 @@ constexpr test::TextRow kBand431Texts[] = {
 
 TEST(SetupBand431, EveryFieldStandsAtItsPlaceInEveryFirmware) {
   RecordImage image = NumberedSetupImage(33, 431, 0);
-  for (const test::ByteRow& row : kBand431Bytes) {
-    image.U16(static_cast<std::size_t>(row.Offset), row.Position);
-  }
-  for (const test::TextRow& row : kBand431Texts) {
-    image.Chars(static_cast<std::size_t>(row.Offset), row.Text);
-  }
+  PutBytes(image, kBand431Bytes);
+  PutTexts(image, kBand431Texts);
   for (std::size_t i = 0; i < 33; ++i) {
     image.U16(150 + 2 * i, static_cast<int>(110 + i));
     image.U16(224 + 2 * i, static_cast<int>(153 + i));
   }
   for (const FirmwareCase& firmware : kFirmware) {
     SCOPED_TRACE(firmware.Version);
-    Translation const run(Model431("OBA ", firmware.Version)
-                              .Q(157, "7")
-                              .Item(kSetupItem, NumberedSetup(0, kSetupSize431))
-                              .EndOfData());
-    ASSERT_EQ(run.Codes(), (std::vector<int>{7, 33, 15}));
-    EXPECT_EQ(run.Records(33).at(0).status, 0);
-    EXPECT_EQ(Difference(image, run.Records(33).at(0)), "");
+    ExpectSetup(Model431("OBA ", firmware.Version), NumberedSetup(0, kSetupSize431), 33, image);
   }
 }
 

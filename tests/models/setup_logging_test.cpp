@@ -4,8 +4,8 @@
 
 namespace {
 
-using test::Difference;
 using test::EmptySetup;
+using test::ExpectSetup;
 using test::General;
 using test::kSetupItem;
 using test::kSetupSize431;
@@ -52,12 +52,8 @@ constexpr FirmwareCase kFirmware[] = {
 
 RecordImage LoggingImage(const FirmwareCase& firmware, int model, int mode) {
   RecordImage image = NumberedSetupImage(53, model, mode, 316);
-  for (const test::ByteRow& row : kLoggingBytes) {
-    image.U16(static_cast<std::size_t>(row.Offset), row.Position);
-  }
-  for (const test::TextRow& row : kLoggingTexts) {
-    image.Chars(static_cast<std::size_t>(row.Offset), row.Text);
-  }
+  PutBytes(image, kLoggingBytes);
+  PutTexts(image, kLoggingTexts);
   image.F32(152, 84.33203125F)
       .Floats(184, {std::begin(kNumberedSix), std::end(kNumberedSix)})
       .F32(208, 122.48046875F)
@@ -84,21 +80,14 @@ TEST(SetupLogging, EveryFieldStandsAtItsPlaceInEveryFirmware) {
   for (const FirmwareCase& firmware : kFirmware) {
     for (int const mode : {2, 3}) {
       SCOPED_TRACE(std::string(firmware.Version) + " mode " + std::to_string(mode));
-      Translation const run(Model442("LOG", firmware.Version)
-                                .Q(157, "7")
-                                .Item(kSetupItem, NumberedSetup(mode))
-                                .EndOfData());
-      ASSERT_EQ(run.Codes(), (std::vector<int>{7, 53, 15}));
-      EXPECT_EQ(run.Records(53).at(0).status, 0);
-      EXPECT_EQ(Difference(LoggingImage(firmware, 442, mode), run.Records(53).at(0)), "");
+      ExpectSetup(Model442("LOG", firmware.Version), NumberedSetup(mode), 53,
+                  LoggingImage(firmware, 442, mode));
     }
   }
 }
 
 TEST(SetupLogging, FormIsTheSameOnGeneralModels) {
-  Translation const run(General("3.6").Q(157, "7").Item(kSetupItem, NumberedSetup(3)).EndOfData());
-  ASSERT_EQ(run.Codes(), (std::vector<int>{7, 53, 15}));
-  EXPECT_EQ(Difference(LoggingImage({"3.6", true, true}, 486, 3), run.Records(53).at(0)), "");
+  ExpectSetup(General("3.6"), NumberedSetup(3), 53, LoggingImage({"3.6", true, true}, 486, 3));
 }
 
 TEST(SetupLogging, Position138IsAHighByteBelowFirmware36) {
@@ -179,12 +168,8 @@ TEST(SetupLogging431, EveryFieldStandsAtItsPlaceInEveryFirmware) {
     for (int const mode : {2, 3}) {
       SCOPED_TRACE(std::string(firmware.Version) + " mode " + std::to_string(mode));
       RecordImage image = NumberedSetupImage(35, 431, mode);
-      for (const test::ByteRow& row : kLogging431Bytes) {
-        image.U16(static_cast<std::size_t>(row.Offset), row.Position);
-      }
-      for (const test::TextRow& row : kLogging431Texts) {
-        image.Chars(static_cast<std::size_t>(row.Offset), row.Text);
-      }
+      PutBytes(image, kLogging431Bytes);
+      PutTexts(image, kLogging431Texts);
       image.F32(156, 84.33203125F)
           .Floats(188, {std::begin(kNumberedSix), std::end(kNumberedSix)})
           .F32(212, 122.48046875F)
@@ -193,13 +178,8 @@ TEST(SetupLogging431, EveryFieldStandsAtItsPlaceInEveryFirmware) {
           .U16(234, 34439)
           .U16(236, 34953)
           .U16(238, 35467);
-      Translation const run(Model431("iSLM", firmware.Version)
-                                .Q(157, "7")
-                                .Item(kSetupItem, NumberedSetup(mode, kSetupSize431))
-                                .EndOfData());
-      ASSERT_EQ(run.Codes(), (std::vector<int>{7, 35, 15}));
-      EXPECT_EQ(run.Records(35).at(0).status, 0);
-      EXPECT_EQ(Difference(image, run.Records(35).at(0)), "");
+      ExpectSetup(Model431("iSLM", firmware.Version), NumberedSetup(mode, kSetupSize431), 35,
+                  image);
     }
   }
 }

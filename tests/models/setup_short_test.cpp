@@ -4,16 +4,14 @@
 
 namespace {
 
-using test::Difference;
+using test::ExpectSetup;
 using test::General;
-using test::kSetupItem;
 using test::kSetupSize431;
 using test::Model431;
 using test::Model442;
 using test::NumberedSetup;
 using test::NumberedSetupImage;
 using test::RecordImage;
-using test::Translation;
 
 constexpr test::ByteRow kShortBytes[] = {
     {62, 74}, {64, 75}, {66, 86}, {68, 87},  {70, 88},  {72, 89},
@@ -27,11 +25,8 @@ constexpr test::ByteRow kShort431Bytes[] = {
 
 constexpr const char* kFirmware[] = {"0.500", "2.01", "2.02", "3.115", "3.6"};
 
-template <std::size_t Count>
-RecordImage WithBytes(RecordImage image, const test::ByteRow (&rows)[Count]) {
-  for (const test::ByteRow& row : rows) {
-    image.U16(static_cast<std::size_t>(row.Offset), row.Position);
-  }
+RecordImage WithBytes(RecordImage image, std::span<const test::ByteRow> rows) {
+  PutBytes(image, rows);
   return image;
 }
 
@@ -39,33 +34,20 @@ TEST(SetupShort, EveryFieldStandsAtItsPlaceInEveryFirmware) {
   RecordImage const image = WithBytes(NumberedSetupImage(52, 442, 1), kShortBytes);
   for (const char* const firmware : kFirmware) {
     SCOPED_TRACE(firmware);
-    Translation const run(
-        Model442("ISM", firmware).Q(157, "7").Item(kSetupItem, NumberedSetup(1)).EndOfData());
-    ASSERT_EQ(run.Codes(), (std::vector<int>{7, 52, 15}));
-    EXPECT_EQ(run.Records(52).at(0).status, 0);
-    EXPECT_EQ(Difference(image, run.Records(52).at(0)), "");
+    ExpectSetup(Model442("ISM", firmware), NumberedSetup(1), 52, image);
   }
 }
 
 TEST(SetupShort, FormIsTheSameOnGeneralModels) {
-  Translation const run(General().Q(157, "7").Item(kSetupItem, NumberedSetup(1)).EndOfData());
-  ASSERT_EQ(run.Codes(), (std::vector<int>{7, 52, 15}));
-  EXPECT_EQ(
-      Difference(WithBytes(NumberedSetupImage(52, 486, 1), kShortBytes), run.Records(52).at(0)),
-      "");
+  ExpectSetup(General(), NumberedSetup(1), 52,
+              WithBytes(NumberedSetupImage(52, 486, 1), kShortBytes));
 }
 
 TEST(SetupShort431, EveryFieldStandsAtItsPlaceInEveryFirmware) {
   RecordImage const image = WithBytes(NumberedSetupImage(34, 431, 1), kShort431Bytes);
   for (const char* const firmware : kFirmware) {
     SCOPED_TRACE(firmware);
-    Translation const run(Model431("sSLM", firmware)
-                              .Q(157, "7")
-                              .Item(kSetupItem, NumberedSetup(1, kSetupSize431))
-                              .EndOfData());
-    ASSERT_EQ(run.Codes(), (std::vector<int>{7, 34, 15}));
-    EXPECT_EQ(run.Records(34).at(0).status, 0);
-    EXPECT_EQ(Difference(image, run.Records(34).at(0)), "");
+    ExpectSetup(Model431("sSLM", firmware), NumberedSetup(1, kSetupSize431), 34, image);
   }
 }
 

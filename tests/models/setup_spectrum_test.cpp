@@ -7,6 +7,7 @@ namespace {
 using samples::Body;
 using test::Difference;
 using test::EmptySetup;
+using test::ExpectSetup;
 using test::General;
 using test::kSetupItem;
 using test::Model442;
@@ -38,18 +39,12 @@ RecordImage SpectrumImage(int model) {
 TEST(SetupSpectrum, EveryFieldStandsAtItsPlaceInEveryFirmware) {
   for (const char* const firmware : {"0.500", "2.01", "2.02", "3.111", "3.112", "3.6"}) {
     SCOPED_TRACE(firmware);
-    Translation const run(
-        Model442("RTA", firmware).Q(157, "7").Item(kSetupItem, NumberedSetup(4)).EndOfData());
-    ASSERT_EQ(run.Codes(), (std::vector<int>{7, 70, 15}));
-    EXPECT_EQ(run.Records(70).at(0).status, 0);
-    EXPECT_EQ(Difference(SpectrumImage(442), run.Records(70).at(0)), "");
+    ExpectSetup(Model442("RTA", firmware), NumberedSetup(4), 70, SpectrumImage(442));
   }
 }
 
 TEST(SetupSpectrum, FormIsTheSameOnGeneralModels) {
-  Translation const run(General().Q(157, "7").Item(kSetupItem, NumberedSetup(4)).EndOfData());
-  ASSERT_EQ(run.Codes(), (std::vector<int>{7, 70, 15}));
-  EXPECT_EQ(Difference(SpectrumImage(486), run.Records(70).at(0)), "");
+  ExpectSetup(General(), NumberedSetup(4), 70, SpectrumImage(486));
 }
 
 TEST(SetupSpectrum, FlagsAreTwoSingleBytes) {
@@ -153,9 +148,7 @@ TEST(SetupNarrow, EveryFieldStandsAtItsPlaceInEveryFirmware) {
 TEST(SetupNarrow, FormIsTheSameOnGeneralModels) {
   RecordImage image = NumberedSetupImage(63, 486, 5);
   image.U16(60, 75).U16(62, 93).U16(64, 0).U16(66, 0).U16(68, 19533);
-  Translation const run(General().Q(157, "7").Item(kSetupItem, NumberedSetup(5)).EndOfData());
-  ASSERT_EQ(run.Codes(), (std::vector<int>{7, 63, 15}));
-  EXPECT_EQ(Difference(image, run.Records(63).at(0)), "");
+  ExpectSetup(General(), NumberedSetup(5), 63, image);
 }
 
 TEST(SetupNarrow, BitsOfPosition47AreKeptAsTheyStand) {
@@ -218,20 +211,12 @@ RecordImage TallyImage(const TallyFirmware& firmware, int model) {
 TEST(SetupTally, EveryFieldStandsAtItsPlaceInEveryFirmware) {
   for (const TallyFirmware& firmware : kTallyFirmware) {
     SCOPED_TRACE(firmware.Version);
-    Translation const run(Model442("TAL", firmware.Version)
-                              .Q(157, "7")
-                              .Item(kSetupItem, NumberedSetup(7))
-                              .EndOfData());
-    ASSERT_EQ(run.Codes(), (std::vector<int>{7, 60, 15}));
-    EXPECT_EQ(run.Records(60).at(0).status, 0);
-    EXPECT_EQ(Difference(TallyImage(firmware, 442), run.Records(60).at(0)), "");
+    ExpectSetup(Model442("TAL", firmware.Version), NumberedSetup(7), 60, TallyImage(firmware, 442));
   }
 }
 
 TEST(SetupTally, FormIsTheSameOnGeneralModels) {
-  Translation const run(General("3.6").Q(157, "7").Item(kSetupItem, NumberedSetup(7)).EndOfData());
-  ASSERT_EQ(run.Codes(), (std::vector<int>{7, 60, 15}));
-  EXPECT_EQ(Difference(TallyImage({"3.6", true}, 486), run.Records(60).at(0)), "");
+  ExpectSetup(General("3.6"), NumberedSetup(7), 60, TallyImage({"3.6", true}, 486));
 }
 
 TEST(SetupTally, ClocksArePlainNumbers) {

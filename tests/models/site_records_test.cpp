@@ -46,7 +46,10 @@ constexpr RawTextRow kTexts[] = {
 
 template <std::size_t Bytes, std::size_t Texts>
 void Fill(RecordImage& image, const ByteRow (&bytes)[Bytes], const RawTextRow (&texts)[Texts]) {
-  for (ByteRow const& row : bytes) image.U16(static_cast<std::size_t>(row.Offset), row.Position);
+  for (ByteRow const& row : bytes) {
+    image.U16(static_cast<std::size_t>(row.Offset),
+              CountedByte(static_cast<std::size_t>(row.Position)));
+  }
   for (RawTextRow const& row : texts) {
     for (int i = 0; i < row.Width; ++i) {
       image.U8(row.Offset + static_cast<std::size_t>(i), row.Position + i);
@@ -136,34 +139,26 @@ TEST(Site, TheRecordsBehindCarryTheNewNumber) {
 }
 
 TEST(Site, ShortBodyEndsWithItsStatusAndClearsTheNumber) {
-  for (std::size_t const size : {0u, 151u}) {
-    SCOPED_TRACE(size);
-    DataFile file = General();
-    file.Q(157, "7").Item(kSiteItem, Body().Fill(size)).Item(5, LevelMark());
-    auto const steps = TakeSteps(file, 3);
-    ASSERT_EQ(steps.size(), 3u);
-    EXPECT_EQ(steps[1].status, QV_RECORD_TOO_SHORT);
-    RecordImage expected(288);
-    expected.U16(0, 54).U16(2, 7).U16(10, 486).Chars(270, "00:00");
-    EXPECT_EQ(Difference(expected, steps[1]), "");
-    ASSERT_EQ(steps[2].Code(), QV_LEVEL_MARK);
-    EXPECT_EQ(Translation::Copy<QvLevelMark>(steps[2]).SiteNumber, 0);
-  }
-}
-
-TEST(Site431, ShortBodyEndsWithItsStatusAndClearsTheNumber) {
-  for (std::size_t const size : {0u, 151u}) {
-    SCOPED_TRACE(size);
-    DataFile file = Model431("OBA ");
-    file.Q(157, "7").Item(kSiteItem, Body().Fill(size)).Item(5, LevelMark());
-    auto const steps = TakeSteps(file, 3);
-    ASSERT_EQ(steps.size(), 3u);
-    EXPECT_EQ(steps[1].status, QV_RECORD_TOO_SHORT);
-    RecordImage expected(272);
-    expected.U16(0, 36).U16(2, 7).U16(10, 431).Chars(266, "00:00");
-    EXPECT_EQ(Difference(expected, steps[1]), "");
-    ASSERT_EQ(steps[2].Code(), QV_LEVEL_MARK);
-    EXPECT_EQ(Translation::Copy<QvLevelMark>(steps[2]).SiteNumber, 0);
+  RecordImage of54(288);
+  of54.U16(0, 54).U16(2, 7).U16(10, 486).Chars(270, "00:00");
+  RecordImage of36(272);
+  of36.U16(0, 36).U16(2, 7).U16(10, 431).Chars(266, "00:00");
+  struct {
+    DataFile head;
+    const RecordImage& expected;
+  } const forms[] = {{General(), of54}, {Model431("OBA "), of36}};
+  for (auto const& [head, expected] : forms) {
+    for (std::size_t const size : {0u, 151u}) {
+      SCOPED_TRACE(testing::Message() << expected.Bytes().size() << " of " << size);
+      DataFile file = head;
+      file.Q(157, "7").Item(kSiteItem, Body().Fill(size)).Item(5, LevelMark());
+      auto const steps = TakeSteps(file, 3);
+      ASSERT_EQ(steps.size(), 3u);
+      EXPECT_EQ(steps[1].status, QV_RECORD_TOO_SHORT);
+      EXPECT_EQ(Difference(expected, steps[1]), "");
+      ASSERT_EQ(steps[2].Code(), QV_LEVEL_MARK);
+      EXPECT_EQ(Translation::Copy<QvLevelMark>(steps[2]).SiteNumber, 0);
+    }
   }
 }
 

@@ -1,22 +1,17 @@
 // Item 2 of model 442 in mode 0: type 56.
 #include <gtest/gtest.h>
 
-#include "support/autumn_run.h"
 #include "support/item_bodies.h"
 #include "support/record_image.h"
-#include "support/scoped_zone.h"
 #include "support/setup_block.h"
 #include "support/temp_file.h"
 #include "support/translation.h"
+#include "support/zone_times.h"
 
 namespace test {
 namespace {
 
 using samples::Body;
-using samples::DataFile;
-
-constexpr std::int32_t kMarch = 1709618828;  // 5 March 2024 06:07:08 in Greenwich
-constexpr std::int32_t kJuly = 1720505228;   // 9 July 2024 06:07:08 in Greenwich
 
 // Sums of three equal levels lie this much above them.
 constexpr double kThreefold = 4.7712125472;
@@ -126,7 +121,7 @@ TEST(SpectrumSummary, EverySectionOnAndOff) {
 }
 
 TEST(SpectrumSummary, EachBandHasItsPlace) {
-  // Byte i of the tables holds i: 33 bands, 33 of the second spectrum, six spectra from the last.
+  // Byte i of the tables holds i, but for the first: 33 bands, 33 of the second spectrum, six spectra from the last.
   Body body = Head().Raw(CountingBody(2 * 33 * 2 + 6 * 33 * 2).Bytes());
   Translation const run(Model442("SSA")
                             .Q(157, "7")
@@ -137,7 +132,8 @@ TEST(SpectrumSummary, EachBandHasItsPlace) {
   auto const record = run.As<QvSpectrumSummary>(0, 56);
   EXPECT_EQ(record.SiteNumber, 7);
   for (int i = 0; i < 33; ++i) {
-    float const first = static_cast<float>(2 * i) + static_cast<float>(2 * i + 1) / 256;
+    int const at = 2 * i;
+    float const first = static_cast<float>(i == 0 ? 241 : at) + static_cast<float>(at + 1) / 256;
     float const second = static_cast<float>(66 + 2 * i) + static_cast<float>(67 + 2 * i) / 256;
     EXPECT_EQ(record.Bands[i], first);
     EXPECT_EQ(record.SecondBands[i], second);
@@ -345,44 +341,6 @@ TEST(SpectrumSummary, TheModeOfTheSetupIsOfNoRegard) {
   ASSERT_EQ(run.Codes(), (std::vector<int>{63, 56, 56, 15}));
   EXPECT_EQ(run.As<QvSpectrumSummary>(1).RecordIndex, 1u);
   EXPECT_EQ(run.As<QvSpectrumSummary>(2).RecordIndex, 2u);
-}
-
-TEST(SpectrumSummary, RaisesTheLatestTimeAndNeverLowersIt) {
-  Translation const run(
-      Model442("SSA").Item(2, Head(7, 9).PadTo(93)).Item(2, Head(3, 5).PadTo(93)).EndOfData());
-  ASSERT_EQ(run.Codes(), (std::vector<int>{56, 56, 15}));
-  EXPECT_EQ(run.As<QvSpectrumSummary>(0).RecordTime, kJuly);
-  EXPECT_EQ(run.As<QvSpectrumSummary>(1).RecordTime, kMarch);
-  EXPECT_EQ(run.As<QvEnd>(2).LatestRecordTime, kJuly);
-}
-
-TEST(SpectrumSummary, TimeCarriesTheZoneOfTheHost) {
-  struct {
-    const char* zone;
-    std::int32_t march, july;
-  } constexpr kZones[] = {
-      {"Europe/Berlin", kMarch - 3600, kJuly - 7200},
-      {"America/New_York", kMarch + 18000, kJuly + 14400},
-  };
-  for (auto const& expected : kZones) {
-    SCOPED_TRACE(expected.zone);
-    ScopedZone const zone(expected.zone);
-    Translation const run(
-        Model442("SSA").Item(2, Head(3, 5).PadTo(93)).Item(2, Head(7, 9).PadTo(93)).EndOfData());
-    ASSERT_EQ(run.Records(56).size(), 2u);
-    EXPECT_EQ(run.As<QvSpectrumSummary>(0).RecordTime, expected.march);
-    EXPECT_EQ(run.As<QvSpectrumSummary>(1).RecordTime, expected.july);
-  }
-}
-
-TEST(SpectrumSummary, TimeFollowsTheSpanOfTheRun) {
-  ScopedZone const zone("Europe/Berlin");
-  DataFile file = Model442("SSA");
-  Translation const run(AddSundayItems(AddAutumnRun(file), 93).EndOfData(), {.census = true});
-  ASSERT_EQ(run.Records(56).size(), 4u);
-  for (std::size_t i = 0; i < 4; ++i) {
-    EXPECT_EQ(run.As<QvSpectrumSummary>(i, 56).RecordTime, kSundayTimes[i]) << i;
-  }
 }
 
 // Modes of model 442 without a form of item 2: the record type stays 0 and the item comes again.

@@ -115,6 +115,16 @@ TEST(TimeHistoryTimes, OtherMarkersTakeNoTime) {
   }
 }
 
+// Nor does a sample that comes out at or below 0, which counts as a marker; those behind it go on.
+TEST(TimeHistoryTimes, SamplesAtOrBelowZeroTakeNoTime) {
+  DataFile file = General();
+  Period(file, "2", "1").Q(227, "-50.0");
+  file.Stream(6, Body().Fill(9, 60).U8(50).Fill(50, 60).Fill(60, 60).U8(60)).EndOfData();
+  Translation const run(file);
+  EXPECT_EQ(EntryCounts(run), (std::vector{60, 60, 1}));
+  EXPECT_EQ(TimesOf(run), (Times{kHeaderTime, kHeaderTime + 118, kHeaderTime + 238}));
+}
+
 // A run marker ends its record, and the next begins at the time of the event it answers to.
 TEST(TimeHistoryTimes, RunMarkerAsThirdEntry) {
   for (int const marker : {0xC0, 0xC7, 0xD0, 0xDF}) {

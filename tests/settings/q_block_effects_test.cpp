@@ -152,6 +152,18 @@ TEST(QBlockEffects, SettingsLastUntilALaterBlockNamesThem) {
   EXPECT_EQ(run.As<QvInterval>(7).RecordTime, kNoon - 60);
 }
 
+// Register 163 says nothing of what a day summary holds, on firmware of either kind.
+TEST(QBlockEffects, Register163LeavesDaySummariesAlone) {
+  for (const char* const firmware : {"0.9", "1.1"}) {
+    SCOPED_TRACE(firmware);
+    DataFile file = test::LoggingFile(486, firmware).Q(163, "1");
+    Translation const run(file.Item(3, Body().U8(0).Date(21, 6, 2024).PadTo(4000)).EndOfData());
+    ASSERT_EQ(run.Codes(), (std::vector<int>{7, 3, 15}));
+    EXPECT_EQ(run.As<QvDaySummary>(1).DayFlags, 0);
+    EXPECT_EQ(run.As<QvDaySummary>(1).DistributionPresent, 0);
+  }
+}
+
 TEST(QBlockEffects, Register162ComparesTheNumberAsRead) {
   Body const head = Body().Date(21, 6, 2024).Time(12, 0, 0).Duration5(60).Fill(12, 1).Fixed16(100);
   for (const char* const value : {"65537", "65538"}) {

@@ -112,6 +112,14 @@ TEST(RBlock442Bands, FourthCharacterIsCountedAcrossTheComma) {
   EXPECT_EQ(record.SettingR172Octaves[0], kNone);
 }
 
+// Of the last item, too: four characters are enough, three are a number.
+TEST(RBlock442Bands, FourthCharacterOfTheLastItem) {
+  EXPECT_EQ(OneBlock(Start().R(172, "60,  --")).SettingR172[1], kNone);
+  EXPECT_EQ(OneBlock(Start().R(172, "60,60.-")).SettingR172[1], kNone);
+  EXPECT_EQ(OneBlock(Start().R(172, "60, --")).SettingR172[1], 0.0F);
+  EXPECT_EQ(OneBlock(Start().R(207, "60,60.-")).SettingR171[1], kNone);
+}
+
 TEST(RBlock442Bands, EmptyBandListStoresAZero) {
   auto const record = OneBlock(Start().R(173, "7,7").R(173, ""));
   EXPECT_EQ(record.SettingR173[0], 0.0F);

@@ -27,18 +27,4 @@ inline samples::DataFile& AddAutumnRun(samples::DataFile& file) {
   return file.Item(4, Event(64, 26, 10, 2024, 22)).Item(4, Event(0, 27, 10, 2024, 8));
 }
 
-// A level mark of 08:10 on that Sunday, and four items 2 of the given size, of which only the
-// stamps are not zero: 02:30, 07:50, 08:10 and 07:50. Their times are kSundayTimes when their
-// family keeps a last time, and keeps it apart from the level marks.
-inline samples::DataFile& AddSundayItems(samples::DataFile& file, std::size_t size) {
-  auto const at = [](int hour, int minute) {
-    return samples::Body().Date(27, 10, 2024).Time(hour, minute, 0);
-  };
-  file.Item(5, samples::Body().U8(0).Raw(at(8, 10).Bytes()).Level(60.5).U8(0));
-  file.Item(2, at(2, 30).PadTo(size)).Item(2, at(7, 50).PadTo(size));
-  return file.Item(2, at(8, 10).PadTo(size)).Item(2, at(7, 50).PadTo(size));
-}
-inline constexpr std::int32_t kSundayTimes[] = {kSunday0030Utc, kSunday0550Utc, kSunday0710Utc,
-                                                kSunday0650Utc};
-
 }  // namespace test

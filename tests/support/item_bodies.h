@@ -5,10 +5,14 @@
 
 namespace test {
 
-// Byte i holds i (its low 8 bits), so that a field tells the position that it was read from.
+// Byte i holds i (its low 8 bits), so that a field tells the position that it was read from. The
+// first holds 241: with a 0 there, a field that is not written would look right.
+constexpr int CountedByte(std::size_t position) {
+  return position == 0 ? 241 : static_cast<int>(position & 0xFF);
+}
 inline samples::Body CountingBody(std::size_t size) {
   samples::Body body;
-  for (std::size_t i = 0; i < size; ++i) body.U8(static_cast<int>(i & 0xFF));
+  for (std::size_t i = 0; i < size; ++i) body.U8(CountedByte(i));
   return body;
 }
 

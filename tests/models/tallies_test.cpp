@@ -1,22 +1,18 @@
 // Item 2 of model 442 in mode 7: types 66, 67 and 68 by the kind byte.
 #include <gtest/gtest.h>
 
-#include "support/autumn_run.h"
 #include "support/item_bodies.h"
 #include "support/record_image.h"
-#include "support/scoped_zone.h"
 #include "support/setup_block.h"
 #include "support/steps.h"
 #include "support/translation.h"
+#include "support/zone_times.h"
 
 namespace test {
 namespace {
 
 using samples::Body;
-using samples::DataFile;
 
-constexpr std::int32_t kMarch = 1709618828;  // 5 March 2024 06:07:08 in Greenwich
-constexpr std::int32_t kJuly = 1720505228;   // 9 July 2024 06:07:08 in Greenwich
 constexpr std::size_t kSizeOfLevels = 83;
 constexpr std::size_t kSizeOfBands = 145;
 constexpr std::size_t kSizeOfTotals = 23;
@@ -162,46 +158,6 @@ TEST(Tally, KindsCountTogether) {
   EXPECT_EQ(run.As<QvTallyLevels>(1).RecordIndex, 2u);
   EXPECT_EQ(run.As<QvTallyBands>(3).RecordIndex, 3u);
   EXPECT_EQ(run.As<QvTallyLevels>(4).RecordIndex, 4u);
-}
-
-TEST(Tally, RaisesNoLatestTime) {
-  for (int const kind : {0, 1, 2}) {
-    Translation const run(Model442("TAL").Item(2, Tally(kind, kSizeOfBands)).EndOfData());
-    ASSERT_EQ(run.end, QV_END_OF_DATA);
-    EXPECT_EQ(run.As<QvEnd>(0, QV_END).LatestRecordTime, 0);
-  }
-}
-
-TEST(Tally, TimeCarriesTheZoneOfTheHost) {
-  struct {
-    const char* zone;
-    std::int32_t march, july;
-  } constexpr kZones[] = {
-      {"Europe/Berlin", kMarch - 3600, kJuly - 7200},
-      {"America/New_York", kMarch + 18000, kJuly + 14400},
-  };
-  for (auto const& expected : kZones) {
-    SCOPED_TRACE(expected.zone);
-    ScopedZone const zone(expected.zone);
-    Translation const run(Model442("TAL")
-                              .Item(2, Tally(0, kSizeOfLevels, 3, 5))
-                              .Item(2, Tally(0, kSizeOfLevels, 7, 9))
-                              .EndOfData());
-    ASSERT_EQ(run.Records(66).size(), 2u);
-    EXPECT_EQ(run.As<QvTallyLevels>(0).RecordTime, expected.march);
-    EXPECT_EQ(run.As<QvTallyLevels>(1).RecordTime, expected.july);
-  }
-}
-
-TEST(Tally, TimeFollowsTheSpanOfTheRun) {
-  ScopedZone const zone("Europe/Berlin");
-  DataFile file = Model442("TAL");
-  Translation const run(AddSundayItems(AddAutumnRun(file), kSizeOfLevels).EndOfData(),
-                        {.census = true});
-  ASSERT_EQ(run.Records(66).size(), 4u);
-  for (std::size_t i = 0; i < 4; ++i) {
-    EXPECT_EQ(run.As<QvTallyLevels>(i, 66).RecordTime, kSundayTimes[i]) << i;
-  }
 }
 
 }  // namespace

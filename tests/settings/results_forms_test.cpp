@@ -156,6 +156,8 @@ TEST(RBlockForms, Register120GoesOnSearchingWhereItStopped) {
       {{{120, "ENE"}, {120, "ENE"}}, 0},                // the same is behind the search
       {{{120, "ENE"}, {120, "NNE"}}, 0},                // as is an earlier one
       {{{120, "ENE"}, {120, "NNE"}, {120, "SSE"}}, 0},  // after a miss nothing matches
+      {{{120, "  N"}, {120, "SSE"}}, 7},                // behind the first of all
+      {{{120, "  N"}, {120, "  N"}, {120, "SSE"}}, 0},
       {{{120, "NNW"}, {120, "NNW"}}, 0},
       {{{120, "xyz"}, {120, "SSE"}}, 0},
   };
@@ -184,7 +186,7 @@ TEST(RBlockForms, Register124IsATableOf8WholeNumbers) {
         << row.value;
   }
   for (const char* const value : {"0,abc7", "9,abc7", "-1,abc7", "x,abc7", "1000000,abc7",
-                                  "-2147483648,abc7", "3", "", "3abc7"}) {
+                                  "-2147483648,abc7", "3", "", "3abc7", "3  7", "3ab7"}) {
     EXPECT_EQ(Difference(EmptyResults(), ResultsStep({{124, value}})), "") << value;
   }
 }
