@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "brief_line.h"
 #include "errors.h"
 #include "record_json.h"
 #include "walk.h"
@@ -13,8 +14,15 @@ bool IsWanted(std::string_view record, const std::vector<std::string>& names) {
   return names.empty() || std::find(names.begin(), names.end(), record) != names.end();
 }
 
-std::string Line(const Translation& translation, const record_fields::RecordInfo& info,
-                 bool isShort, const std::string& fileName) {
+std::string BriefText(const Translation& translation, const record_fields::RecordInfo& info,
+                      bool isShort, const std::string& fileName) {
+  std::string text = fileName.empty() ? "" : fileName + ": ";
+  text += BriefLine(info, translation.Record());
+  return isShort ? text + "  short" : text;
+}
+
+std::string JsonText(const Translation& translation, const record_fields::RecordInfo& info,
+                     bool isShort, const std::string& fileName) {
   Json json = RecordJson(info, translation.Record());
   if (isShort) json["short"] = true;
   if (!fileName.empty()) json["file"] = fileName;
@@ -35,8 +43,9 @@ Outcome Dump(const std::string& fileName, const DumpOptions& options, Output& ou
       const record_fields::RecordInfo* const info = translation.Info();
       if (info != nullptr && IsWanted(info->name, options.records)) {
         if (output.IsTerminal()) progress.Wipe();
+        auto const text = options.brief ? BriefText : JsonText;
         if (!output.Line(
-                Line(translation, *info, isShort, options.nameFile ? fileName : std::string()))) {
+                text(translation, *info, isShort, options.nameFile ? fileName : std::string()))) {
           return false;
         }
         ++written;

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "plain_text.h"
 #include "qvslmtranslate.h"
 #include "record_table.h"
 
@@ -48,7 +49,7 @@ std::uint64_t CountedAs(const std::uint8_t* record) {
 }
 
 Progress::Progress(const std::string& fileName)
-    : fileName_(fileName), terminal_(isatty(STDERR_FILENO) != 0) {}
+    : fileName_(PlainText(fileName)), terminal_(isatty(STDERR_FILENO) != 0) {}
 
 void Progress::Counting() {
   Show("counting");
