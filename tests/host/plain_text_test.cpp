@@ -132,6 +132,8 @@ TEST(PlainText, BytesThatAreNoUtf8) {
       {"\xE2\x82", "??"},  // cut
       {"\xE2\x82z", "??z"},
       {"\xF0\x9F\x98z", "???z"},
+      {"\x01\x1F !~\x7F", "\\u0001\\u001f !~\\u007f"},
+      {"\xC2\x80\xC2\x9F", "\\u0080\\u009f"},
       {"\xC2\xA0", "\xC2\xA0"},
       {"\xDF\xBF", "\xDF\xBF"},
       {"\xE0\xA0\x80", "\xE0\xA0\x80"},
