@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "brief_line.h"
 #include "errors.h"
 #include "record_json.h"
 #include "walk.h"
@@ -13,8 +14,17 @@ bool IsWanted(std::string_view record, const std::vector<std::string>& names) {
   return names.empty() || std::find(names.begin(), names.end(), record) != names.end();
 }
 
-std::string Line(const Translation& translation, const record_fields::RecordInfo& info,
-                 const std::string& fileName) {
+std::string BriefText(const Translation& translation, const record_fields::RecordInfo& info,
+                      const std::string& fileName) {
+  std::string text = fileName.empty() ? "" : fileName + ": ";
+  text += BriefLine(info, translation.Record());
+  if (translation.State().Short != 0) text += "  short";
+  if (translation.State().Whole == 0) text += "  cut";
+  return text;
+}
+
+std::string JsonText(const Translation& translation, const record_fields::RecordInfo& info,
+                     const std::string& fileName) {
   Json json = RecordJson(info, translation.Record());
   if (translation.State().Short != 0) json["short"] = true;
   if (translation.State().Whole == 0) json["cut"] = true;
@@ -36,7 +46,8 @@ Outcome Dump(const std::string& fileName, const DumpOptions& options, Output& ou
       const record_fields::RecordInfo* const info = translation.Info();
       if (info != nullptr && IsWanted(info->name, options.records)) {
         if (output.IsTerminal()) progress.Wipe();
-        if (!output.Line(Line(translation, *info, options.nameFile ? fileName : std::string()))) {
+        auto const text = options.brief ? BriefText : JsonText;
+        if (!output.Line(text(translation, *info, options.nameFile ? fileName : std::string()))) {
           return false;
         }
         ++written;

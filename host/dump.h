@@ -1,4 +1,4 @@
-// qvslm dump: one JSON object a line for each record.
+// qvslm dump: one JSON object a line for each record, or one short line for the eye.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,8 @@ struct DumpOptions {
   std::optional<std::uint64_t> limit;  // most records to write of each file
   bool census = true;                  // count before the translation
   bool cut = false;                    // also records that the file does not wholly hold
-  bool nameFile = false;               // a member "file" in each object
+  bool nameFile = false;               // tell with each record which file it is from
+  bool brief = false;                  // a line for the eye in place of an object
 };
 
 Outcome Dump(const std::string& fileName, const DumpOptions& options, Output& output);

@@ -1,14 +1,28 @@
 #include "errors.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+
+#include "plain_text.h"
+#include "qvslmtranslate.h"
 
 namespace host {
+
+void FailWithErrno(const std::string& what) {
+  throw FileError(what + ": " + std::strerror(errno), QV_CANNOT_OPEN);
+}
+
+void Complain(const std::string& what) {
+  std::fprintf(stderr, "qvslm: %s\n", PlainText(what).c_str());
+}
+
 void Report(const std::string& file, const std::string& what, int code) {
-  std::fprintf(stderr, "qvslm: %s: %s (%d)\n", file.c_str(), what.c_str(), code);
+  Complain(file + ": " + what + " (" + std::to_string(code) + ")");
 }
 
 void Remark(const std::string& file, const std::string& what) {
-  std::fprintf(stderr, "qvslm: %s: %s\n", file.c_str(), what.c_str());
+  Complain(file + ": " + what);
 }
 
 }  // namespace host

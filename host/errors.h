@@ -16,6 +16,11 @@ class FileError : public std::runtime_error {
   int code_;
 };
 
+// Throws a FileError that tells what cannot be done, and why by errno.
+[[noreturn]] void FailWithErrno(const std::string& what);
+
+// Prints "qvslm: what happened" as one line of plain text.
+void Complain(const std::string& what);
 // Prints "qvslm: FILE: what happened (code)".
 void Report(const std::string& file, const std::string& what, int code);
 

@@ -5,15 +5,14 @@
 #include <cstdint>
 #include <string>
 
+#include "temporary_copy.h"
+
 namespace host {
 
 class InputFile {
  public:
   // "-" is standard input. Throws FileError when the file cannot be had.
   explicit InputFile(const std::string& name);
-  ~InputFile();
-  InputFile(const InputFile&) = delete;
-  InputFile& operator=(const InputFile&) = delete;
 
   const std::string& Name() const { return name_; }  // as the user wrote it
   const char* Path() const { return path_.c_str(); }
@@ -21,11 +20,9 @@ class InputFile {
   std::uint64_t Size() const;
 
  private:
-  void Spool(int descriptor);
-
   std::string name_;
   std::string path_;
-  std::string folder_;  // of the temporary copy; empty without one
+  TemporaryCopy copy_;
 };
 
 }  // namespace host

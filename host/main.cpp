@@ -1,113 +1,88 @@
 // qvslm: shows measurement files. `qvslm info` tells what a file is and what it holds, `qvslm dump`
 // writes its records as JSON, one a line.
-#include <CLI/CLI.hpp>
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <cstdio>
 #include <exception>
 #include <string>
-#include <vector>
+#include <string_view>
 
+#include "arguments.h"
 #include "dump.h"
+#include "errors.h"
 #include "info.h"
 #include "outcome.h"
 #include "output.h"
 #include "qvslmtranslate.h"
-#include "record_table.h"
 
 namespace {
 
+using host::Arguments;
+using host::Command;
 using host::Outcome;
 
-std::vector<std::string> RecordNames() {
-  std::vector<std::string> names;
-  for (const auto& record : record_fields::kRecords) {
-    if (record.code != 0) names.emplace_back(record.name);
+// Where stdin, stdout or stderr is closed, the next file to be opened would take its place, and be
+// read or written for it. The null device takes it instead, opened the wrong way round, so that to
+// use it fails as on what is closed.
+bool HoldStandardStreams() {
+  for (int const stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(stream, F_GETFD) != -1) continue;
+    // A file takes the lowest number that is free.
+    if (open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) != stream) return false;
   }
-  return names;
+  return true;
 }
 
-struct Arguments {
-  std::vector<std::string> files;
-  host::DumpOptions dump;
-};
-
-void AddFiles(CLI::App& command, Arguments& arguments) {
-  command.add_option("FILE", arguments.files, "Measurement files; - is standard input")->required();
+// What the work comes to once all that it wrote is out; a reader who has gone wants no more.
+Outcome Written(host::Output& output, Outcome outcome) {
+  output.Flush();
+  if (output.ReaderHasGone()) return Outcome::Whole;
+  if (!output.Failed()) return outcome;
+  host::Complain("standard output cannot be written: " + output.WhatFailed());
+  return Outcome::NothingReadable;
 }
 
-// What all files come to; stops early when nobody reads any more.
-template <class Work>
-Outcome ForEachFile(const std::vector<std::string>& files, host::Output& output, Work work) {
+Outcome ShowFiles(const Arguments& arguments, host::Output& output) {
   Outcome all = Outcome::Whole;
-  for (const std::string& file : files) {
-    all = Worse(all, work(file));
-    output.Flush();
-    if (output.ReaderHasGone()) return Outcome::Whole;
-    if (output.Failed()) {
-      std::perror("qvslm: standard output cannot be written");
-      return Outcome::NothingReadable;
-    }
+  for (const std::string& file : arguments.files) {
+    all = Worse(all, arguments.command == Command::Info ? host::Info(file, output)
+                                                        : host::Dump(file, arguments.dump, output));
+    // Nobody reads any more, or nothing can be written.
+    if (!output.Flush()) break;
   }
   return all;
 }
 
 Outcome Run(int argc, char** argv) {
-  CLI::App app("Shows the measurement files of sound level meters.", "qvslm");
-  app.set_version_flag("--version", "qvslm, translation " + std::to_string(QV_TranVersion()));
-  app.require_subcommand(1);
-  Arguments arguments;
-
-  CLI::App* const info = app.add_subcommand("info", "What a file is and what it holds");
-  AddFiles(*info, arguments);
-
-  CLI::App* const dump = app.add_subcommand("dump", "The records, one JSON object a line");
-  AddFiles(*dump, arguments);
-  dump->add_option("--records", arguments.dump.records,
-                   "Only these kinds of records: Interval,Event")
-      ->type_name("NAME,NAME")
-      ->delimiter(',')
-      ->allow_extra_args(false)
-      ->check(CLI::IsMember(RecordNames()).description(""));
-  dump->add_option("--limit", arguments.dump.limit, "At most so many records of each file")
-      ->type_name("N")
-      ->check(CLI::PositiveNumber);
-  bool noCensus = false;
-  dump->add_flag("--no-census", noCensus,
-                 "Do not count first: no progress, and no daylight span for a night of clock "
-                 "change");
-  dump->add_flag("--cut", arguments.dump.cut,
-                 "Write also the records that the file does not wholly hold, marked with "
-                 "\"cut\":true");
-
-  try {
-    app.parse(argc, argv);
-  } catch (const CLI::ParseError& fault) {
-    if (fault.get_exit_code() == 0) {
-      app.exit(fault);
-      return Outcome::Whole;
-    }
-    std::fprintf(stderr, "qvslm: %s\nqvslm --help tells how it is used.\n", fault.what());
-    return Outcome::WrongUsage;
-  }
-
-  arguments.dump.census = !noCensus;
-  arguments.dump.nameFile = arguments.files.size() > 1;
+  Arguments const arguments = host::ReadArguments(argc, argv);
   host::Output output;
-  if (info->parsed()) {
-    return ForEachFile(arguments.files, output,
-                       [&](const std::string& file) { return host::Info(file, output); });
+  switch (arguments.command) {
+    case Command::Help:
+      for (std::string_view const line : host::HelpText()) output.Line(line);
+      return Written(output, Outcome::Whole);
+    case Command::Version:
+      output.Line("qvslm, translation " + std::to_string(QV_TranVersion()));
+      return Written(output, Outcome::Whole);
+    case Command::Info:
+    case Command::Dump:
+      break;
   }
-  return ForEachFile(arguments.files, output, [&](const std::string& file) {
-    return host::Dump(file, arguments.dump, output);
-  });
+  return Written(output, ShowFiles(arguments, output));
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (!HoldStandardStreams()) return static_cast<int>(Outcome::NothingReadable);
   try {
     return static_cast<int>(Run(argc, argv));
+  } catch (const host::WrongUsage& fault) {
+    host::Complain(fault.what());
+    std::fputs("qvslm --help tells how it is used.\n", stderr);
+    return static_cast<int>(Outcome::WrongUsage);
   } catch (const std::exception& fault) {
-    std::fprintf(stderr, "qvslm: %s\n", fault.what());
+    host::Complain(fault.what());
     return static_cast<int>(Outcome::NothingReadable);
   }
 }

@@ -2,9 +2,11 @@
 
 #include <unistd.h>
 
-#include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstring>
+
+#include "plain_text.h"
 
 namespace host {
 
@@ -14,19 +16,24 @@ Output::Output() : terminal_(isatty(STDOUT_FILENO) != 0) {
   std::signal(SIGPIPE, SIG_IGN);
 }
 
-bool Output::Line(const std::string& line) {
-  if (fault_ != Fault::None) return false;
-  if (std::fwrite(line.data(), 1, line.size(), stdout) != line.size()) return NoteFault();
-  return std::fputc('\n', stdout) != EOF || NoteFault();
+bool Output::Line(std::string_view line) {
+  if (Failed()) return false;
+  std::string const plain = PlainText(line);
+  if (std::fwrite(plain.data(), 1, plain.size(), stdout) != plain.size()) return NoteError();
+  return std::fputc('\n', stdout) != EOF || NoteError();
 }
 
 bool Output::Flush() {
-  if (fault_ != Fault::None) return false;
-  return std::fflush(stdout) == 0 || NoteFault();
+  if (Failed()) return false;
+  return std::fflush(stdout) == 0 || NoteError();
 }
 
-bool Output::NoteFault() {
-  fault_ = errno == EPIPE ? Fault::ReaderGone : Fault::WriteFailed;
+std::string Output::WhatFailed() const {
+  return std::strerror(error_);
+}
+
+bool Output::NoteError() {
+  error_ = errno == 0 ? EIO : errno;
   return false;
 }
 

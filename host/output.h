@@ -1,31 +1,34 @@
 // Lines on standard output.
 #pragma once
 
+#include <cerrno>
 #include <string>
+#include <string_view>
 
 namespace host {
 
 class Output {
  public:
-  // False when the line cannot be written: nobody reads any more, or the disk is full.
-  bool Line(const std::string& line);
+  // Writes the line as plain text. False when it cannot be written: nobody reads any more, or the
+  // disk is full.
+  bool Line(std::string_view line);
   // Writes out what is buffered; false as above.
   bool Flush();
 
   // True when writing failed because the reader at the other end of the pipe has gone, which is
   // how `qvslm dump FILE | head` ends.
-  bool ReaderHasGone() const { return fault_ == Fault::ReaderGone; }
-  bool Failed() const { return fault_ == Fault::WriteFailed; }
+  bool ReaderHasGone() const { return error_ == EPIPE; }
+  bool Failed() const { return error_ != 0; }
+  std::string WhatFailed() const;
   bool IsTerminal() const { return terminal_; }
 
   Output();
 
  private:
-  enum class Fault { None, ReaderGone, WriteFailed };
-  bool NoteFault();
+  bool NoteError();
 
   bool terminal_;
-  Fault fault_ = Fault::None;
+  int error_ = 0;  // errno of the first write that failed
 };
 
 }  // namespace host

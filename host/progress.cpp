@@ -5,10 +5,12 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "plain_text.h"
+
 namespace host {
 
 Progress::Progress(const std::string& fileName)
-    : fileName_(fileName), terminal_(isatty(STDERR_FILENO) != 0) {}
+    : fileName_(PlainText(fileName)), terminal_(isatty(STDERR_FILENO) != 0) {}
 
 void Progress::Counting() {
   Write("counting");

@@ -77,6 +77,14 @@ Json Value(const FieldInfo& field, const std::uint8_t* record, Convert convert) 
 
 }  // namespace
 
+Json FieldValue(const FieldInfo& field, const std::uint8_t* record) {
+  return Value(field, record, NumberValue);
+}
+
+Json FieldClock(const FieldInfo& field, const std::uint8_t* record) {
+  return Value(field, record, LocalTime);
+}
+
 Json RecordJson(const record_fields::RecordInfo& info, const std::uint8_t* record) {
   Json json = Json::object();
   // Every member stands once: append without looking whether it is there.
@@ -88,9 +96,9 @@ Json RecordJson(const record_fields::RecordInfo& info, const std::uint8_t* recor
   for (const FieldInfo& field : info.fields) {
     bool const isCode = field.offset == 0;
     if (isCode || field.reserved) continue;
-    add(field.name, Value(field, record, NumberValue));
+    add(field.name, FieldValue(field, record));
     if (field.kind == FieldKind::Time) {
-      add(std::string(field.name) + "Local", Value(field, record, LocalTime));
+      add(std::string(field.name) + "Local", FieldClock(field, record));
     }
   }
   return json;

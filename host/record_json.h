@@ -15,9 +15,14 @@ namespace host {
 using Json = nlohmann::basic_json<nlohmann::ordered_map, std::vector, std::string, bool,
                                   std::int64_t, std::uint64_t, float>;
 
-// Members "record" and "code", then one for each field that is not reserved. A level without a
-// value and a number that is none are null. A time has a second member, its name behind it with
-// Local: the clock of the measurement, null for no time.
+// The value of one field as it stands in the object: a number, a text, an array of them; null for a
+// level without a value and a number that is none.
+Json FieldValue(const record_fields::FieldInfo& field, const std::uint8_t* record);
+// The clock of the measurement for a time field, or an array of them; null for no time.
+Json FieldClock(const record_fields::FieldInfo& field, const std::uint8_t* record);
+
+// Members "record" and "code", then one for each field that is not reserved. A time has a second
+// member, its name behind it with Local: the clock of the measurement.
 Json RecordJson(const record_fields::RecordInfo& info, const std::uint8_t* record);
 
 }  // namespace host

@@ -154,8 +154,6 @@ TEST(ExitCode, TwoForWrongUsage) {
       {"dump", file.Path(), "--colour"},
       {"dump", file.Path(), "--records", "Nonsense"},
       {"dump", file.Path(), "--limit", "0"},
-      {"dump", file.Path(), "--limit", "-3"},
-      {"dump", file.Path(), "--limit", "many"},
   };
   for (const auto& arguments : wrong) {
     Result const result = RunQvslm(arguments);
@@ -183,6 +181,15 @@ TEST(ExitCode, OneWhenTheOutputCannotBeWritten) {
       {"sh", "-c", std::string(QVSLM_PROGRAM) + " dump " + file.Path() + " > /dev/full"});
   EXPECT_EQ(result.exitCode, 1);
   EXPECT_EQ(result.err, "qvslm: standard output cannot be written: No space left on device\n");
+}
+
+TEST(ExitCode, OneWhenHelpAndVersionCannotBeWritten) {
+  for (const char* const option : {"--help", "--version", "dump --help"}) {
+    Result const result =
+        test::RunProgram({"sh", "-c", QVSLM_PROGRAM + std::string(" ") + option + " > /dev/full"});
+    EXPECT_EQ(result.exitCode, 1) << option;
+    EXPECT_EQ(result.err, "qvslm: standard output cannot be written: No space left on device\n");
+  }
 }
 
 }  // namespace

@@ -3,9 +3,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <filesystem>
-
 #include "host/qvslm_process.h"
+#include "support/temp_folder.h"
 #include "support/translation.h"
 
 namespace {
@@ -18,6 +17,7 @@ using test::Result;
 using test::RunProgram;
 using test::RunQvslm;
 using test::TempFile;
+using test::TempFolder;
 
 DataFile Marks(int count) {
   DataFile file = General();
@@ -27,22 +27,8 @@ DataFile Marks(int count) {
   return file.EndOfData();
 }
 
-// A folder of its own, so that what is left in it shows.
-class Folder {
- public:
-  Folder() : path_((std::filesystem::temp_directory_path() / "qvslm-test-XXXXXX").string()) {
-    if (mkdtemp(path_.data()) == nullptr) throw std::runtime_error("cannot make a folder");
-  }
-  ~Folder() { std::filesystem::remove_all(path_); }
-  const std::string& Path() const { return path_; }
-  bool Empty() const { return std::filesystem::is_empty(path_); }
-
- private:
-  std::string path_;
-};
-
 TEST(Pipe, ReadsStandardInput) {
-  Folder const temporary;
+  TempFolder const temporary;
   test::RunOptions const options = {.input = Marks(300).Bytes(), .temporary = temporary.Path()};
   Result const result = RunQvslm({"dump", "-"}, options);
   EXPECT_EQ(result.exitCode, 0);
@@ -62,8 +48,8 @@ TEST(Pipe, ReadsFromAProgram) {
 }
 
 TEST(Pipe, ReadsANamedPipe) {
-  Folder const folder;
-  Folder const temporary;
+  TempFolder const folder;
+  TempFolder const temporary;
   TempFile const file(Marks(300));
   std::string const pipe = folder.Path() + "/pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
@@ -76,7 +62,7 @@ TEST(Pipe, ReadsANamedPipe) {
 }
 
 TEST(Pipe, FaultsNameStandardInputAndLeaveNothing) {
-  Folder const temporary;
+  TempFolder const temporary;
   Result const result =
       RunQvslm({"dump", "-"}, {.input = "no measurement", .temporary = temporary.Path()});
   EXPECT_EQ(result.exitCode, 1);
@@ -94,26 +80,9 @@ TEST(Pipe, WithoutATemporaryFolderItSaysSo) {
       "qvslm: -: there is no folder for a temporary copy: No such file or directory (-302)\n");
 }
 
-// Ended by a signal while it still reads, it is ended by that signal and leaves no copy.
-TEST(Pipe, LeavesNothingWhenItIsInterrupted) {
-  for (const char* const signal : {"INT", "TERM", "HUP"}) {
-    Folder const temporary;
-    std::string const folder = temporary.Path();
-    // Job control keeps the shell from making the program deaf to INT.
-    Result const result = RunProgram(
-        {"bash", "-c",
-         std::string("set -m; ") + QVSLM_PROGRAM + " dump - < <(sleep 5) & until [ -e " + folder +
-             "/*/stdin ]; do sleep 0.02; done; kill -" + signal + " $!; wait $!; echo $?"},
-        {.temporary = folder});
-    int const expected = 128 + (signal[0] == 'I' ? 2 : signal[0] == 'T' ? 15 : 1);
-    EXPECT_EQ(result.out, std::to_string(expected) + "\n") << signal << result.err;
-    EXPECT_TRUE(temporary.Empty()) << signal;
-  }
-}
-
 // 9000 records are far more than a pipe holds: head has gone long before they are written.
 TEST(Pipe, EndsQuietlyWhenTheReaderHasGone) {
-  Folder const temporary;
+  TempFolder const temporary;
   TempFile const file(Marks(9000));
   for (const char* const input : {"-", "file"}) {
     std::string const name = std::string(input) == "-" ? "-" : file.Path();

@@ -4,6 +4,7 @@
 #include <pty.h>
 
 #include "host/qvslm_process.h"
+#include "support/temp_folder.h"
 #include "support/translation.h"
 
 namespace {
@@ -79,6 +80,16 @@ TEST(Progress, DoesNotMixWithRecordsOnTheSameTerminal) {
       OnTerminal(std::string(QVSLM_PROGRAM) + " dump --limit 2 " + file.Path());
   EXPECT_THAT(text, HasSubstr("%\r\033[K{\"record\":\"LevelMark\""));
   EXPECT_THAT(text, Not(HasSubstr("%{")));
+}
+
+TEST(Progress, ShowsTheNameOfTheFileAsPlainText) {
+  test::TempFolder const folder;
+  folder.File("a\nb\x1B[2J.qvd", Marks(400).Bytes());
+  std::string const text =
+      OnTerminal("cd " + folder.Path() + " && " + QVSLM_PROGRAM + " info *.qvd > /dev/null");
+  EXPECT_THAT(text, HasSubstr("\r\033[Ka\\u000ab\\u001b[2J.qvd: counting"));
+  EXPECT_THAT(text, Not(HasSubstr("\x1B[2J")));
+  EXPECT_THAT(text, Not(HasSubstr("\n")));
 }
 
 TEST(Progress, IsSilentInAPipe) {

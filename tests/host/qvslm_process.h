@@ -55,6 +55,8 @@ inline Result RunProgram(const std::vector<std::string>& command, const RunOptio
   arguments.push_back(nullptr);
   pid_t const child = fork();
   if (child == 0) {
+    // Signals do what they do by themselves, also where the tests were started deaf to some.
+    for (int signal = 1; signal <= SIGRTMAX; ++signal) std::signal(signal, SIG_DFL);
     setenv("TZ", options.zone.c_str(), 1);
     if (!options.temporary.empty()) setenv("TMPDIR", options.temporary.c_str(), 1);
     Redirect(input.Path(), O_RDONLY, STDIN_FILENO);

@@ -26,6 +26,7 @@ class TempFolder {
   TempFolder& operator=(const TempFolder&) = delete;
 
   const std::string& Path() const { return path_; }
+  bool Empty() const { return std::filesystem::is_empty(path_); }
   // Writes a file into the folder and gives its path.
   std::string File(std::string_view name, std::string_view bytes) const {
     std::string path = path_ + '/' + std::string(name);
