@@ -74,7 +74,8 @@ static inline void QvWalkNoteMissing(QvWalk* walk) {
 }
 
 /**
- * Opens a file for a walk. Clears the context and the walk.
+ * Opens a file for a walk. Clears the walk and the buffers, the context once more behind the census: what
+ * that has read of the whole file does not get into the first records.
  *
  * path    as for QV_StartTranslate.
  * census  takes the counts of QV_GetRecordCount, which also finds the daylight span; null leaves the
@@ -96,6 +97,7 @@ static inline int32_t QvWalkOpen(QvWalk* walk, const char* path, void* context, 
   if (census) {
     walk->CensusStatus = QV_GetRecordCount(path, context, census, record);
     QV_StopTranslate(); /* a census whose seek failed leaves the file open */
+    memset(context, 0, QV_GetBufferSize());
   }
   walk->Status = QV_StartTranslate(path, context);
   walk->Missing = QvBytesMissing(context);
