@@ -62,9 +62,7 @@ typedef struct QvWalk {
   uint8_t Whole;        /* 1 while the file held all that the records rest on */
   int32_t CutOffset;    /* Offset of the first step that missed bytes; -1 while none did */
   uint16_t CutCode;     /* its type code */
-  uint8_t
-      Short; /* 1: the step returned QV_RECORD_TOO_SHORT, and what the item lacks reads as 0 (most kinds
-                    of item end early without that status) */
+  uint8_t Short; /* 1: the step returned QV_RECORD_TOO_SHORT; most items end early without it */
 } QvWalk;
 
 /* From the first step on that missed bytes nothing is whole. */
