@@ -56,8 +56,9 @@ std::size_t FindResultsBlock(std::string_view text) {
   return found == 0 ? std::string_view::npos : found;
 }
 
-// The registers behind the block's start. Every 'R' counts; the number behind it decides.
-bool TakeRegisters(std::string_view text, std::size_t from) {
+// The registers behind the block's start. Every 'R' counts; the number behind it decides. A level offset
+// at the very end of the file may have had more digits.
+bool TakeRegisters(std::string_view text, std::size_t from, bool endsWithFile) {
   bool stopSeen = false;
   bool offsetSeen = false;
   for (std::size_t at = text.find('R', from); at != std::string_view::npos;
@@ -69,8 +70,7 @@ bool TakeRegisters(std::string_view text, std::size_t from) {
       stopSeen = true;
     } else if (number == 106) {
       CurrentContext->LevelOffset = static_cast<f32>(FloatNumber(Columns(line, 5)));
-      // A number at the very end of the file may have had more digits.
-      if (line.find('\n') == std::string_view::npos) NoteBytesMissing(1);
+      if (endsWithFile && line.find('\n') == std::string_view::npos) NoteBytesMissing(1);
       offsetSeen = true;
     }
     if (stopSeen && offsetSeen) break;
@@ -89,7 +89,7 @@ i32 SearchStretch442() {
   if (count < kScanBlock && ReadFailed()) return FailWith(QV_SEEK_FAILED);
   std::string_view const text(block.get(), count);
   std::size_t const found = FindResultsBlock(text);
-  if (found == std::string_view::npos || !TakeRegisters(text, found + 1)) {
+  if (found == std::string_view::npos || !TakeRegisters(text, found + 1, count < kScanBlock)) {
     return FailWith(QV_NOT_FOUND);
   }
   return 0;

@@ -23,6 +23,10 @@ constexpr std::string_view kModes431[] = {"OBA ", "sSLM", "iSLM", "ENV "};
 constexpr std::string_view kModes442[] = {"SSA", "ISM", "LOG", "ENV", "RTA",
                                           "FFT", "AUD", "TAL", "VIB"};
 
+bool OpensHeader(char c) {
+  return c == 'L' || c == ' ' || c == '*';
+}
+
 // A line of the header. Where a line is missing the text of the one before stays.
 struct HeaderLine {
   char text[kHeaderLine] = "";
@@ -30,6 +34,13 @@ struct HeaderLine {
   bool Read() {
     LineRead const line = ReadLine(text, sizeof text);
     if (!line.complete) NoteBytesMissing(1);
+    return static_cast<bool>(line);
+  }
+
+  // The line that opens the header, or the data where there is none: those are no lines to miss.
+  bool ReadOpening() {
+    LineRead const line = ReadLine(text, sizeof text);
+    if (!line.complete && (!line || OpensHeader(text[0]))) NoteBytesMissing(1);
     return static_cast<bool>(line);
   }
 
@@ -51,10 +62,6 @@ struct HeaderLine {
     CopyText(field, size, text);
   }
 };
-
-bool OpensHeader(char c) {
-  return c == 'L' || c == ' ' || c == '*';
-}
 
 // The titles in the order of the '@' lines; a title that is set already stays.
 i32 ReadTitleLines(QvFileHeaderInfo* info) {
@@ -119,7 +126,7 @@ i32 ReadTextHeader(QvFileHeaderInfo* info) {
   if (info != nullptr) std::memset(info, 0, sizeof *info);
 
   HeaderLine line;
-  bool read = line.Read();
+  bool read = line.ReadOpening();
   if (!read) return FailWith(QV_SEEK_FAILED);
   if (line.text[0] != '@' && line.text[0] != 'Q' && !OpensHeader(line.text[0])) {
     return FailWith(QV_SEEK_FAILED);
@@ -127,7 +134,7 @@ i32 ReadTextHeader(QvFileHeaderInfo* info) {
   if (line.text[0] == '@') {
     context.ErrorCode = SeekDataFile(0);
     ReadTitleLines(info);
-    read = line.Read();
+    read = line.ReadOpening();
     if (!read) return FailWith(QV_NO_TEXT_HEADER);
   }
   if (!OpensHeader(line.text[0])) return FailWith(QV_NO_TEXT_HEADER);

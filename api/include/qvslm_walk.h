@@ -62,7 +62,7 @@ typedef struct QvWalk {
   uint8_t Whole;        /* 1 while the file held all that the records rest on */
   int32_t CutOffset;    /* Offset of the first step that missed bytes; -1 while none did */
   uint16_t CutCode;     /* its type code */
-  uint8_t Short; /* 1: the item ended before its last field, and what is missing reads as 0 */
+  uint8_t Short; /* 1: the step returned QV_RECORD_TOO_SHORT; most items end early without it */
 } QvWalk;
 
 /* From the first step on that missed bytes nothing is whole. */
@@ -74,7 +74,8 @@ static inline void QvWalkNoteMissing(QvWalk* walk) {
 }
 
 /**
- * Opens a file for a walk. Clears the context and the walk.
+ * Opens a file for a walk. Clears the walk and the buffers, the context once more behind the census: what
+ * that has read of the whole file does not get into the first records.
  *
  * path    as for QV_StartTranslate.
  * census  takes the counts of QV_GetRecordCount, which also finds the daylight span; null leaves the
@@ -96,6 +97,7 @@ static inline int32_t QvWalkOpen(QvWalk* walk, const char* path, void* context, 
   if (census) {
     walk->CensusStatus = QV_GetRecordCount(path, context, census, record);
     QV_StopTranslate(); /* a census whose seek failed leaves the file open */
+    memset(context, 0, QV_GetBufferSize());
   }
   walk->Status = QV_StartTranslate(path, context);
   walk->Missing = QvBytesMissing(context);
