@@ -36,10 +36,11 @@
  *
  * Buffers. The context has QV_GetBufferSize() bytes, is aligned to 8 bytes, and starts out zeroed;
  * the host owns it throughout, reads its head (QvContextHead) and treats the rest as opaque. It may
- * copy it as bytes while no file is open in it. The output record has at least QV_OUTPUT_RECORD_SIZE bytes, aligned to 4; no call writes
- * behind the size of the record that it delivers. malloc and calloc give such buffers. The library
- * keeps no pointer to either behind the end of a call, but for QV_StopTranslate, which acts on the
- * context named last.
+ * copy it as bytes while no file is open in it. The output record has at least QV_OUTPUT_RECORD_SIZE
+ * bytes, aligned to 4; no call writes behind the size of the record that it delivers. malloc and calloc
+ * give such buffers. The library uses neither behind the end of a call, but for QV_StopTranslate, which
+ * acts on the context named last; where a call fails to open the file or to seek in it, the context keeps
+ * the address of the record, which nothing reads.
  *
  * One context, one file. A context that has been used for another file keeps what no start resets: the
  * titles and the times of its end record (of which the first and the latest win), the flags, masks

@@ -312,7 +312,7 @@ TEST(Walk, CannotStart) {
   TempFile const noResults(Model442("LOG").EndOfData());
   ExpectNotStarted(noResults.Path(), QV_NOT_FOUND,
                    "no results block with a level offset (register 106) in this file of model 442: "
-                   "it may be cut");
+                   "the file may be incomplete");
 }
 
 TEST(Walk, CannotStartWithoutAPath) {

@@ -124,6 +124,42 @@ TEST(Dump, BandAnalysersHaveTheirOwnInterval) {
   EXPECT_EQ(Names(DumpOf(General().Item(1, Body().PadTo(300)).EndOfData())).at(0), "Interval");
 }
 
+// What a model line is taken for is the library's to say: its numbers have 16 bits, and 65978 is 442.
+TEST(Dump, TheModeThatTheLibraryTookTellsTheIntervals) {
+  DataFile const file = DataFile()
+                            .Line("L measurement file")
+                            .Line("65978 1234")
+                            .Line("3.600")
+                            .Line("fourth line")
+                            .Line("Date/Time:21Jun2024 12:00:00")
+                            .Line("RTA")
+                            .Line("seventh line")
+                            .Line("last header line")
+                            .Item(1, Body().PadTo(300))
+                            .EndOfData();
+  TempFile const stored(Startable(file));
+  EXPECT_EQ(Names(RunQvslm({"dump", stored.Path()})).at(0), "BandInterval");
+  EXPECT_THAT(RunQvslm({"info", stored.Path()}).out, testing::HasSubstr("  model        442\n"));
+}
+
+// A model line without a number is model 0, which has no mode line.
+TEST(Dump, AModelLineWithoutANumberIsModel0) {
+  DataFile const file = DataFile()
+                            .Line("L measurement file")
+                            .Line("")
+                            .Line("3.600")
+                            .Line("fourth line")
+                            .Line("Date/Time:21Jun2024 12:00:00")
+                            .Line("last header line")
+                            .Item(1, Body().PadTo(300))
+                            .EndOfData();
+  TempFile const stored(Startable(file));
+  auto const interval = Objects(RunQvslm({"dump", stored.Path()})).at(0);
+  EXPECT_EQ(interval.at("record"), "Interval");
+  EXPECT_EQ(interval.at("Model"), 0);
+  EXPECT_THAT(RunQvslm({"info", stored.Path()}).out, testing::HasSubstr("  model        0\n"));
+}
+
 // Every object has exactly the members that the field table gives its record, in its order.
 TEST(Dump, MembersAreTheFieldsOfTheTable) {
   DataFile const file = General()
