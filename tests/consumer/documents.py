@@ -3,7 +3,7 @@
 
     documents.py PREFIX SAMPLE       PREFIX: an installed tree; SAMPLE: a whole measurement file
 
-Of README.md, docs/ and the public headers:
+Of README.md, CONTRIBUTING.md, docs/ and the public headers:
 
 - every C and C++ block is compiled, with all warnings as errors. A block without a main is taken as the
   lines of a function that has `path`, `context` and `record`;
@@ -159,7 +159,7 @@ def check_sh(block: Block, environment: dict[str, str]) -> str:
 def main() -> int:
     prefix, sample = pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]).resolve()
     environment = {**os.environ, "TZ": "UTC", "PATH": f"{prefix / 'bin'}:{os.environ['PATH']}"}
-    documents = [ROOT / "README.md", *sorted((ROOT / "docs").glob("*.md"))]
+    documents = [ROOT / "README.md", ROOT / "CONTRIBUTING.md", *sorted((ROOT / "docs").glob("*.md"))]
     headers = sorted((ROOT / "api" / "include").glob("*.h"))
     blocks = [block for path in documents for block in fenced_blocks(path)]
     blocks += [block for path in headers for block in header_examples(path)]
