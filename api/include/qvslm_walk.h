@@ -88,6 +88,11 @@ static inline void QvWalkNoteMissing(QvWalk* walk) {
 static inline int32_t QvWalkOpen(QvWalk* walk, const char* path, void* context, void* record,
                                  QvRecordCensus* census) {
   memset(walk, 0, sizeof *walk);
+  if (!context || !record) {
+    walk->CutOffset = -1;
+    walk->End = QV_WALK_NOT_STARTED;
+    return walk->Status = QV_NO_ARGUMENT;
+  }
   memset(context, 0, QV_GetBufferSize());
   memset(record, 0, QV_OUTPUT_RECORD_SIZE);
   walk->Context = context;

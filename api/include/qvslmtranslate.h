@@ -237,15 +237,17 @@ QV_EXPORT int32_t QV_StartTranslate(const char* path, void* context);
  *   - 1 where a settings or results block ends with the file: whether it was whole cannot be known. An
  *     'E' item counts 1 where its second line has no end;
  *   - 1 where the owner of a band record, which gives it its time, is cut or stands behind the end of
- *     the file: the time is the present one;
+ *     the file: the time is the present one. Later band records of that family do not look again
+ *     before the next 'Q' block: theirs is the present one, too, and does not count;
  *   - 1 where the reference record of model 431 finds no whole register 106 in a results block before the
  *     file ends: the levels behind it lack that offset.
  *
  * From this follow exact rules, without a census:
  *
  *   - A step with bytes missing gave a record that the file does not wholly hold, or one that leaves
- *     something uncertain for those behind it. It is 0 behind every step of a whole file, but for the
- *     last case where a file of model 431 was stored without that register.
+ *     something uncertain for those behind it, which count nothing of their own: from there on no record
+ *     is certain. QvBytesMissing is 0 behind every step up to the end of the data, where the file has one,
+ *     but for a reference record of model 431 without a level offset behind it.
  *   - QvFileOffset never goes back. A step that has not moved it will never move it: an item 2 or 6 that
  *     its mode knows no record for, a tally item without its kind byte, a list whose blocks have no
  *     length, and every status that ends a walk but QV_END_OF_DATA. A host stops there.
@@ -255,7 +257,7 @@ QV_EXPORT int32_t QV_StartTranslate(const char* path, void* context);
  *   - Behind a 0 byte, the end of the data, one can step on: the next step opens the file anew and reads
  *     the byte behind it, by the same rules. Most files end there, and the step gives QV_BAD_LENGTH.
  *   - A walk under these rules makes no more steps than the file has bytes, and one more; how far it has
- *     come is QvFileOffset by the size of the file.
+ *     come is QvFileOffset by the size of the file, and no more than all of it.
  *
  * QvWalkNext in qvslm_walk.h goes by them.
  */

@@ -421,6 +421,29 @@ TEST_P(BandHeads, CutBeforeTheOwner) {
   EXPECT_EQ(HeadBehind(CutTo(file, static_cast<std::size_t>(band) + 50), 2), Band(band, 1));
 }
 
+// A stream between the two, cut: 40 samples behind its type.
+TEST_P(BandHeads, CutInAStreamBeforeTheOwner) {
+  DataFile const file = SettingsForm()
+                            .Item(GetParam().type, Bands())
+                            .Stream(6, Body().Fill(40, 60))
+                            .Item(GetParam().owners, GetParam().owner);
+  int const band = 8 + BandSize();
+  EXPECT_EQ(HeadBehind(file.Bytes(), 2), Band(band, 0));
+  EXPECT_EQ(HeadBehind(CutTo(file, static_cast<std::size_t>(band) + 42), 2), Band(band, 1));
+  EXPECT_EQ(HeadBehind(CutTo(file, static_cast<std::size_t>(band) + 41), 2), Band(band, 1));
+  EXPECT_EQ(HeadBehind(CutTo(file, static_cast<std::size_t>(band) + 20), 2), Band(band, 1));
+  EXPECT_EQ(HeadBehind(CutTo(file, static_cast<std::size_t>(band) + 1), 2), Band(band, 1));
+}
+
+// The end of the file is met once: a later band record of the family does not look again.
+TEST_P(BandHeads, CountOnce) {
+  BandForm const form = GetParam();
+  Body const later = Body().U16(form.number + 3).PadTo(form.body);
+  DataFile const file = SettingsForm().Item(form.type, Bands()).Item(form.type, later);
+  int const band = 8 + BandSize();
+  EXPECT_EQ(LastHeads(file.Bytes(), 2, 3), (Heads{Band(band, 1), Band(band + BandSize(), 0)}));
+}
+
 // Where the data ends, or a block of settings, no owner is missing: there is none.
 TEST_P(BandHeads, NoOwner) {
   DataFile const file = SettingsForm().Item(GetParam().type, Bands());
@@ -551,6 +574,18 @@ TEST(ContextHead, CountsEachCallByItself) {
   EXPECT_EQ(session.Start(whole.Path()), QV_NO_TEXT_HEADER);
   EXPECT_EQ(QvBytesMissing(session.Context()), 0U);
   EXPECT_EQ(QvFileOffset(session.Context()), 0);
+}
+
+// A start forgets the mode of the file before.
+TEST(ContextHead, ModeOfTheFileInHand) {
+  TempFile const tallies(Startable(Model442("TAL").Item(kSkipped, Body().U8(1))));
+  TempFile const general(Startable(General()));
+  Session session;
+  EXPECT_EQ(session.Start(tallies.Path()), QV_OK);
+  EXPECT_EQ(QvMode(session.Context()), 7);
+  QV_StopTranslate();
+  EXPECT_EQ(session.Start(general.Path()), QV_OK);
+  EXPECT_EQ(QvMode(session.Context()), 0);
 }
 
 int ModeOf(DataFile file) {

@@ -280,8 +280,32 @@ TEST(Walk, ClosesTheFile) {
   TempFile const tooShort(General().EndOfData());
   walker.Open(tooShort.Path(), &census);
   EXPECT_EQ(test::OpenFiles(), before);
+  // So is what the census could not seek in.
+  {
+    test::FilledPipe const pipe(Plain().Bytes());
+    long const withPipe = test::OpenFiles();
+    EXPECT_EQ(walker.Open(pipe.Path(), &census), QV_SEEK_FAILED);
+    EXPECT_EQ(walker.Walk().CensusStatus, QV_SEEK_FAILED);
+    EXPECT_EQ(test::OpenFiles(), withPipe);
+  }
   QvWalk const never{};
   QvWalkClose(&never);
+}
+
+TEST(Walk, NeedsItsBuffers) {
+  TempFile const file(Long(Plain()));
+  Walker walker;
+  walker.Open(file.Path());
+  QvWalk walk;
+  for (bool const context : {false, true}) {
+    void* const one = context ? walker.Context().Data() : nullptr;
+    void* const other = context ? nullptr : walker.Record().Data();
+    EXPECT_EQ(QvWalkOpen(&walk, file.CPath(), one, other, nullptr), QV_NO_ARGUMENT);
+    EXPECT_EQ(walk.End, QV_WALK_NOT_STARTED);
+    EXPECT_EQ(QvWalkNext(&walk), 0);
+    EXPECT_STREQ(QvWalkWhy(&walk), "a buffer is missing");
+    QvWalkClose(&walk);
+  }
 }
 
 void ExpectNotStarted(const std::string& path, int status, const std::string& why) {

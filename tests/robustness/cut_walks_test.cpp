@@ -226,12 +226,14 @@ class CutSample {
     if (walk_.Code != whole.code || static_cast<std::size_t>(walk_.Offset) != whole.begin) {
       return false;
     }
-    std::vector<std::uint8_t> found(record_.Data(), record_.Data() + whole.bytes.size());
-    std::size_t tail = found.size();
+    std::size_t tail = whole.bytes.size();
     if (whole.code == QV_BLOCK_IMAGE) tail = offsetof(QvBlockImage, RecordTime);
     if (whole.code == QV_END) tail = offsetof(QvEnd, LatestRecordTime);
-    if (tail < found.size()) std::memcpy(&found[tail], &whole.bytes[tail], sizeof(std::int32_t));
-    return found == whole.bytes;
+    std::size_t const behind = std::min(tail + sizeof(std::int32_t), whole.bytes.size());
+    return IsSame(whole, 0, tail) && IsSame(whole, behind, whole.bytes.size());
+  }
+  bool IsSame(const WholeRecord& whole, std::size_t from, std::size_t to) const {
+    return std::memcmp(record_.Data() + from, whole.bytes.data() + from, to - from) == 0;
   }
 
   std::string bytes_;
