@@ -1,7 +1,7 @@
 /*
  * qvslm_layout.h: the place of every field of every record, and every record's size, proved by the
- * compiler that includes it. Nothing is declared here (in C99, which has no assertions, names of
- * types that begin with qv_layout_).
+ * compiler that includes it; and the sizes by type code. Nothing else is declared here (in C99, which has
+ * no assertions, names of types that begin with qv_layout_).
  *
  * Written by tools/field_table from qvslm_records.h; `cmake --build BUILD --target update_generated`
  * writes it anew.
@@ -1756,6 +1756,89 @@ QV_AT(QvFileHeaderInfo, HeaderLine6, 210);
 QV_AT(QvFileHeaderInfo, TitleLine1, 252);
 QV_AT(QvFileHeaderInfo, TitleLine2, 334);
 QV_AT(QvFileHeaderInfo, TitleLine3, 416);
+
+/** Bytes of the record that a type code stands for, of code 1 those of the larger of its two; else 0. */
+static inline size_t QvRecordSize(uint16_t code) {
+  /* A table: compilers put slow code for the known sizes of a switch in place. */
+  static const uint16_t sizes[] = {
+      /* clang-format off */
+      0, /* 0 */
+      sizeof(QvBandInterval), /* 1 */
+      sizeof(QvSummary), /* 2 */
+      sizeof(QvDaySummary), /* 3 */
+      sizeof(QvEvent), /* 4 */
+      sizeof(QvLevelMark), /* 5 */
+      0, /* 6 */
+      sizeof(QvSettings), /* 7 */
+      sizeof(QvResults), /* 8 */
+      sizeof(QvBlockImage), /* 9 */
+      sizeof(QvLevelMarkBands), /* 10 */
+      sizeof(QvIntervalBands), /* 11 */
+      sizeof(QvSummaryBands), /* 12 */
+      sizeof(QvIntervalBandSeries), /* 13 */
+      0, /* 14 */
+      sizeof(QvEnd), /* 15 */
+      sizeof(QvTimeHistory), /* 16 */
+      0, /* 17 */
+      0, /* 18 */
+      0, /* 19 */
+      0, /* 20 */
+      sizeof(QvTimedSpectrum), /* 21 */
+      0, /* 22 */
+      0, /* 23 */
+      0, /* 24 */
+      0, /* 25 */
+      0, /* 26 */
+      0, /* 27 */
+      0, /* 28 */
+      0, /* 29 */
+      sizeof(QvReference431), /* 30 */
+      sizeof(QvBands431), /* 31 */
+      sizeof(QvSummary431), /* 32 */
+      sizeof(QvSetupBand431), /* 33 */
+      sizeof(QvSetupShort431), /* 34 */
+      sizeof(QvSetupLogging431), /* 35 */
+      sizeof(QvSite431), /* 36 */
+      sizeof(QvResults431), /* 37 */
+      0, /* 38 */
+      0, /* 39 */
+      0, /* 40 */
+      0, /* 41 */
+      0, /* 42 */
+      0, /* 43 */
+      0, /* 44 */
+      0, /* 45 */
+      0, /* 46 */
+      0, /* 47 */
+      0, /* 48 */
+      0, /* 49 */
+      sizeof(QvReference), /* 50 */
+      sizeof(QvSetupBand), /* 51 */
+      sizeof(QvSetupShort), /* 52 */
+      sizeof(QvSetupLogging), /* 53 */
+      sizeof(QvSite), /* 54 */
+      sizeof(QvResults442), /* 55 */
+      sizeof(QvSpectrumSummary), /* 56 */
+      sizeof(QvFieldHistory), /* 57 */
+      0, /* 58 */
+      0, /* 59 */
+      sizeof(QvSetupTally), /* 60 */
+      0, /* 61 */
+      0, /* 62 */
+      sizeof(QvSetupNarrow), /* 63 */
+      0, /* 64 */
+      0, /* 65 */
+      sizeof(QvTallyLevels), /* 66 */
+      sizeof(QvTallyBands), /* 67 */
+      sizeof(QvTallyTotals), /* 68 */
+      sizeof(QvNarrowTable), /* 69 */
+      sizeof(QvSetupSpectrum), /* 70 */
+      0, /* 71 */
+      sizeof(QvBandTable), /* 72 */
+      /* clang-format on */
+  };
+  return code < sizeof sizes / sizeof sizes[0] ? sizes[code] : 0;
+}
 
 #undef QV_AT
 #undef QV_SIZE

@@ -50,8 +50,9 @@ typedef enum QvWalkEnd {
 
 /** One walk. The host owns it and both buffers, and reads what stands here; QvWalk... functions write it. */
 typedef struct QvWalk {
-  void* Context;        /* QV_GetBufferSize() bytes, aligned to 8; the walk clears them */
-  void* Record;         /* QV_OUTPUT_RECORD_SIZE bytes, aligned to 4; cleared before each step */
+  void* Context; /* QV_GetBufferSize() bytes, aligned to 8; the walk clears them */
+  void*
+      Record; /* QV_OUTPUT_RECORD_SIZE bytes, aligned to 4; the walk clears them, and the host lets them be */
   int32_t CensusStatus; /* what QV_GetRecordCount returned; QV_OK without a census */
   int32_t Status;       /* what the start, then each step returned */
   QvWalkEnd End;        /* how the walk ended */
@@ -123,12 +124,19 @@ static inline int QvWalkIsBehindFile(uint16_t code, int64_t moved, int64_t missi
                               code == QV_TIMED_SPECTRUM || code == QV_FIELD_HISTORY);
 }
 
+/* Clears what the step before has written: its record, or what a step without one began. */
+static inline void QvWalkClear(QvWalk* walk) {
+  size_t const written =
+      walk->Code == QV_NO_RECORD ? sizeof(QvTimeHistory) : QvRecordSize(walk->Code);
+  memset(walk->Record, 0, written);
+}
+
 /* Makes one step. Its code is QV_NO_RECORD where it gave nothing to deliver. */
 static inline void QvWalkStep(QvWalk* walk) {
   int64_t before;
   int64_t moved;
   walk->Offset = QvFileOffset(walk->Context);
-  memset(walk->Record, 0, QV_OUTPUT_RECORD_SIZE);
+  QvWalkClear(walk);
   walk->Status = QV_TranslateNextRec(walk->Record, walk->Context);
   walk->Missing = QvBytesMissing(walk->Context);
   walk->Short = walk->Status == QV_RECORD_TOO_SHORT;
@@ -156,11 +164,14 @@ static inline void QvWalkStep(QvWalk* walk) {
  * has ended. Steps without a record are passed over.
  */
 static inline int QvWalkNext(QvWalk* walk) {
+  while (walk->End == QV_WALK_GOES_ON) {
+    QvWalkStep(walk);
+    if (walk->Code == QV_NO_RECORD) continue;
+    ++walk->Records;
+    return 1;
+  }
   walk->Code = QV_NO_RECORD;
-  while (walk->End == QV_WALK_GOES_ON && walk->Code == QV_NO_RECORD) QvWalkStep(walk);
-  if (walk->Code == QV_NO_RECORD) return 0;
-  ++walk->Records;
-  return 1;
+  return 0;
 }
 
 /** Closes the file. What stands in the walk stays. */

@@ -212,7 +212,8 @@ QV_EXPORT int32_t QV_StartTranslate(const char* path, void* context);
  * record. Called until the result is negative.
  *
  * record   the host's buffer of QV_OUTPUT_RECORD_SIZE bytes. Its first u16 becomes the type code of the
- *          record, 0 when the step yielded none (status 0: an item without a record; or a failure).
+ *          record, 0 when the step yielded none (status 0: an item without a record; or a failure). Such a
+ *          step may have written into the first sizeof(QvTimeHistory) bytes, and none behind them.
  * context  as QV_StartTranslate left it. When its file is not open it is opened anew from the path that
  *          the start kept, and read on: behind the end record, what follows the end of the data.
  *
