@@ -95,7 +95,6 @@ static inline int32_t QvWalkOpen(QvWalk* walk, const char* path, void* context, 
     return walk->Status = QV_NO_ARGUMENT;
   }
   memset(context, 0, QV_GetBufferSize());
-  memset(record, 0, QV_OUTPUT_RECORD_SIZE);
   walk->Context = context;
   walk->Record = record;
   walk->Whole = 1;
@@ -105,6 +104,7 @@ static inline int32_t QvWalkOpen(QvWalk* walk, const char* path, void* context, 
     QV_StopTranslate(); /* a census whose seek failed leaves the file open */
     memset(context, 0, QV_GetBufferSize());
   }
+  memset(record, 0, QV_OUTPUT_RECORD_SIZE);
   walk->Status = QV_StartTranslate(path, context);
   walk->Missing = QvBytesMissing(context);
   if (walk->Status != QV_OK && walk->Status != QV_NO_TEXT_HEADER) {
