@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <limits>
 
+#include "fields/way_memory.h"
+
 namespace qvslm {
 
 ReadingPlace Reading{};
@@ -64,6 +66,7 @@ void StartWindow(i64 offset) {
 
 void ForgetWindows(std::FILE* file) {
   for (Window& window : windows) window.size = 0;
+  ForgetWays();
   streamPosition = kUnknown;
   Reading.file = file;
   Reading.seekable = false;
