@@ -17,26 +17,28 @@ u32 KindOf(Search search, char letter, std::size_t size) {
          static_cast<u32>(size);
 }
 
-// Reads lines as long as they are to be passed. What lies behind the highest offset is not read.
+// Reads lines as long as they are to be passed. Behind the highest offset nothing is remembered.
 template <class IsPassed>
 LineRead ReadWhile(u32 kind, Leaves leaves, char* text, std::size_t size, IsPassed isPassed) {
   Way way(kind);
-  for (;;) {
-    i64 const position = FilePosition();
-    if (position > std::numeric_limits<i32>::max()) return {};
-    WayPoint point{static_cast<i32>(position)};
+  LineRead line;
+  while (FilePosition() <= std::numeric_limits<i32>::max()) {
+    WayPoint point{static_cast<i32>(FilePosition())};
     bool const known = way.Known(point, [&](WayPoint step) {
       SeekDataFile(step.at);
       ReadLine(text, size);
     });
     if (known) SeekDataFile(point.at);
-    LineRead const line = ReadLine(text, size);
-    if (!line.complete || !isPassed()) {
-      way.Ended(point);
-      return line;
-    }
+    line = ReadLine(text, size);
+    bool const passed = line.complete && isPassed();
+    if (!passed || FilePosition() > std::numeric_limits<i32>::max()) way.Ended(point);
+    if (!passed) return line;
     way.Passed(point, leaves, static_cast<u32>(line.length) + 1);
   }
+  do {
+    line = ReadLine(text, size);
+  } while (line.complete && isPassed());
+  return line;
 }
 
 }  // namespace
