@@ -58,9 +58,9 @@ LineRead ReadLineThatOpens(char letter, char* text, std::size_t size) {
 }
 
 LineRead ReadPastRegisters(char letter, i32 number, char* text, std::size_t size) {
-  return ReadWhile(
-      KindOf(Search::ForRegister, letter, size), Leaves::Nothing, text, size,
-      [&] { return text[0] == letter && NumberAt(WithoutLineEnd(text), 1) != number; });
+  return ReadWhile(KindOf(Search::ForRegister, letter, size), Leaves::Nothing, text, size, [&] {
+    return text[0] == letter && NumberAt(WithoutLineEnd(text), 1) != number;
+  });
 }
 
 }  // namespace qvslm

@@ -100,9 +100,10 @@ Instant FindInstant(const Calendar& calendar, i32 flag) {
   i32 const second = std::clamp(calendar.Second, 0, 59);
   i64 const moreSeconds = i64{calendar.Second} - second;
   i64 const minutes = i64{calendar.Hour} * 60 + calendar.Minute;
-  i64 local = (DaysBeforeYear(monthOfYear) + DaysBeforeMonth(monthOfYear, month) + calendar.Day - 1) *
-                  kSecondsOfDay +
-              minutes * 60 + second;
+  i64 local =
+      (DaysBeforeYear(monthOfYear) + DaysBeforeMonth(monthOfYear, month) + calendar.Day - 1) *
+          kSecondsOfDay +
+      minutes * 60 + second;
   i64 const day = FloorOf(local, kSecondsOfDay);
   auto const [year, yearDay] = YearOfDay(day);
   if (year < 0) return AskForInstant(calendar, flag);
@@ -120,8 +121,8 @@ Instant FindInstant(const Calendar& calendar, i32 flag) {
   }
   i64 const seconds = found.seconds + turns * kDaysOf400Years * kSecondsOfDay + moreSeconds;
   bool const sameStretch = moreSeconds >= 0 && moreSeconds <= found.ahead;
-  if (!found.plain || !sameStretch) return {seconds, LocalCalendar(seconds)};
-  return {seconds, StampOf(local + moreSeconds, found.flag)};
+  if (!sameStretch) return {seconds, LocalCalendar(seconds)};
+  return {seconds, StampOf(local + found.moved + moreSeconds, found.flag)};
 }
 
 Instant Convert(const Calendar& calendar, i32 flag) {

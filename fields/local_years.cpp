@@ -20,10 +20,10 @@ struct Stretch {
   i32 back;  // what seconds since 1970 lie behind local time
   i8 flag;
   bool found;
-  bool plain;
+  i32 moved;
 
   bool IsLike(const Stretch& other) const {
-    return back == other.back && flag == other.flag && found == other.found && plain == other.plain;
+    return back == other.back && flag == other.flag && found == other.found && moved == other.moved;
   }
 };
 
@@ -46,6 +46,12 @@ struct Lesson {
   i64 Start() const { return DaysBeforeYear(year) * kSecondsOfDay; }
 };
 
+// A stamp in range as seconds of local time.
+i64 LocalSecondsIn(const Calendar& stamp) {
+  i64 const day = DaysBeforeYear(stamp.Year) + stamp.YearDay;
+  return ((day * 24 + stamp.Hour) * 60 + stamp.Minute) * 60 + stamp.Second;
+}
+
 Stretch Ask(const Lesson& lesson, i32 second) {
   Calendar stamp = ClearedCalendar();
   stamp.Year = lesson.year;
@@ -53,14 +59,13 @@ Stretch Ask(const Lesson& lesson, i32 second) {
   stamp.Hour = second / 3600 % 24;
   stamp.Minute = second / 60 % 60;
   stamp.Second = second % 60;
-  Calendar const asked = stamp;
   i64 seconds = 0;
-  bool const found = AskZone(stamp, lesson.flag, seconds);
-  bool const plain = stamp.Hour == asked.Hour && stamp.Minute == asked.Minute &&
-                     stamp.Second == asked.Second;
-  if (!found) return {second, 0, static_cast<i8>(lesson.flag), false, false};
-  auto const back = static_cast<i32>(lesson.Start() + second - seconds);
-  return {second, back, static_cast<i8>(stamp.DaylightFlag), true, plain};
+  if (!AskZone(stamp, lesson.flag, seconds))
+    return {second, 0, static_cast<i8>(lesson.flag), false, 0};
+  i64 const asked = lesson.Start() + second;
+  auto const back = static_cast<i32>(asked - seconds);
+  auto const moved = static_cast<i32>(LocalSecondsIn(stamp) - asked);
+  return {second, back, static_cast<i8>(stamp.DaylightFlag), true, moved};
 }
 
 void Add(Lesson& lesson, const Stretch& stretch) {
@@ -100,8 +105,7 @@ struct DayReadings {
     for (i32 at = 0; at < kBefore + days + kBehind; ++at) {
       i64 const seconds = start + i64{at - kBefore} * kSecondsOfDay;
       Calendar const stamp = LocalCalendar(seconds);
-      i64 const day = DaysBeforeYear(stamp.Year) + stamp.YearDay;
-      offset[at] = day * kSecondsOfDay + stamp.Hour * 3600 + stamp.Minute * 60 + stamp.Second - seconds;
+      offset[at] = LocalSecondsIn(stamp) - seconds;
       flag[at] = stamp.DaylightFlag;
     }
   }
@@ -152,7 +156,7 @@ bool FindInYear(i32 year, i32 secondOfYear, i32 flag, LocalInstant& result) {
   const Stretch& stretch = *(next - 1);
   i32 const until = next == end ? (IsLeapYear(year) ? 366 : 365) * kSecondsOfDay : next->from;
   i64 const seconds = DaysBeforeYear(year) * kSecondsOfDay + secondOfYear - stretch.back;
-  result = {stretch.found ? seconds : -1, stretch.flag, stretch.found, stretch.plain,
+  result = {stretch.found ? seconds : -1, stretch.flag, stretch.found, stretch.moved,
             until - secondOfYear - 1};
   return true;
 }

@@ -17,10 +17,10 @@ inline constexpr i32 kYearsKept = 656;
 // An instant as the zone has it. Where it has none, seconds are -1 and the flag is the one asked for.
 struct LocalInstant {
   i64 seconds;
-  i32 flag;   // resolved
+  i32 flag;  // resolved
   bool found;
-  bool plain;  // has the stamp that was asked for
-  i32 ahead;   // all this holds for so many seconds more
+  i32 moved;  // by so many seconds its stamp lies behind the one that was asked for
+  i32 ahead;  // all this holds for so many seconds more
 };
 
 // Of a second of a kept year, as a daylight flag of 0 or 1 reads it. False where the memory has no room.

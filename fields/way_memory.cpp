@@ -9,7 +9,8 @@ namespace qvslm {
 namespace {
 
 constexpr i64 kFirstStretch = 64;
-constexpr i64 kStretchesUnkept = 4;  // at the head of each way: shorter ones are gone again as fast
+constexpr i64 kBytesUnkept = 256;    // at the head of each way: shorter ones are gone again as fast
+constexpr i64 kStretchesOfLong = 4;  // ways of which the start is kept, too
 
 struct KnownPoint {
   WayPoint point;
@@ -29,8 +30,8 @@ u32 pointCount = 0;
 u32 linkCount = 0;
 i64 stretch = kFirstStretch;
 
-// The search in hand: points whose way has not ended, and the steps since the first of them that no
-// later one has written over, by what they leave.
+// The search in hand: points whose way has not ended, in their order, and the steps that no later one
+// has written over, by what they leave.
 struct Step {
   WayPoint point;
   u32 reach;
@@ -137,28 +138,45 @@ const WayLink& WayLinkAt(i32 link) {
 // What an earlier search has left open it did not bring to its end.
 Way::Way(u32 kind) : kind_(kind) {
   if (openCount > 0) Forget();
+  DropOpenPoints();
+}
+
+// Keeps a point, as one of a way that has not ended. False when there is no room.
+bool Way::Keep(WayPoint point, u32 place, u32 order) {
+  if (pointCount == kMostPoints || openCount == kMostOpen) return false;
+  places[place] = {point, kind_, kUnknownWay};
+  ++pointCount;
+  std::copy_backward(openPoints + order, openPoints + openCount, openPoints + openCount + 1);
+  openPoints[order] = place;
+  ++openCount;
+  return true;
 }
 
 i32 Way::Recall(WayPoint point) {
-  if (!begun_) start_ = point.at;
+  if (!begun_) start_ = point;
+  bool const isStart = !begun_;
   begun_ = true;
   nextStretch_ = (point.at / stretch + 1) * stretch;
-  if (pointCount == 0 && point.at - start_ < kStretchesUnkept * stretch) return kUnknownWay;
+  i64 const way = i64{point.at} - start_.at;
+  if (pointCount == 0 && way < kBytesUnkept) return kUnknownWay;
   u32 const place = PlaceOf(kind_, point);
   if (places[place].kind != 0) return places[place].link;
-  if (point.at - start_ < kStretchesUnkept * stretch) return kUnknownWay;
-  if (pointCount == kMostPoints || openCount == kMostOpen) {
-    ForgetAndWiden();
-    return kUnknownWay;
+  if (isStart || way < kBytesUnkept) return kUnknownWay;
+  bool hasRoom = Keep(point, place, openCount);
+  if (hasRoom && way >= kStretchesOfLong * stretch && !startKept_) {
+    startKept_ = true;
+    u32 const startPlace = PlaceOf(kind_, start_);
+    hasRoom = places[startPlace].kind != 0 || Keep(start_, startPlace, 0);
   }
-  places[place] = {point, kind_, kUnknownWay};
-  ++pointCount;
-  openPoints[openCount++] = place;
+  if (!hasRoom) {
+    ForgetAndWiden();
+    start_ = point;
+  }
   return kUnknownWay;
 }
 
 void Way::Passed(WayPoint point, Leaves leaves, u32 reach) {
-  if (openCount == 0 || leaves == Leaves::Nothing) return;
+  if (leaves == Leaves::Nothing) return;
   Steps& steps = leaves == Leaves::Text ? textSteps : recordSteps;
   // A way may end anywhere: here, where too much would have to be taken again.
   if (steps.count == kMostSteps && reach < steps.Last()->reach) return Ended(point);
@@ -174,6 +192,13 @@ void Way::Ended(WayPoint point) {
 void Way::Met(i32 link) {
   Join(link);
   Begin();
+}
+
+void Way::Begin() {
+  DropOpenPoints();
+  begun_ = false;
+  startKept_ = false;
+  nextStretch_ = 0;
 }
 
 }  // namespace qvslm

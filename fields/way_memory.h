@@ -55,15 +55,14 @@ class Way {
   bool Follow(i32 link, WayPoint& point, TakeStep& takeStep);
   i32 Recall(WayPoint point);  // what is known; a point that is not may be kept
   void Met(i32 link);
-  void Begin() {
-    begun_ = false;
-    nextStretch_ = 0;
-  }
+  bool Keep(WayPoint point, u32 place, u32 order);
+  void Begin();
 
   u32 kind_;
-  i32 start_ = 0;
-  i64 nextStretch_ = 0;
+  WayPoint start_;
+  i64 nextStretch_ = 0;  // where the next point may be kept
   bool begun_ = false;
+  bool startKept_ = false;
 };
 
 // A step of a known way, or its end.

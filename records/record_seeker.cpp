@@ -202,8 +202,8 @@ i32 SeekRecord(u32 family, u32 wanted) {
   way.Ended(walk.place);
 
   if (status == kPassed) return status;
-  bool const lost = status == QV_NOT_FOUND || status == QV_BAD_LENGTH ||
-                    FilePosition() > kHighestPlace;
+  bool const lost =
+      status == QV_NOT_FOUND || status == QV_BAD_LENGTH || FilePosition() > kHighestPlace;
   *firstOffset = lost ? 0 : static_cast<i32>(FilePosition());
   return status;
 }

@@ -1,9 +1,8 @@
 // What is learned of whole years is what the zone says to each stamp, by both daylight flags.
-#include "fields/local_years.h"
-
 #include <gtest/gtest.h>
 
 #include "fields/local_time.h"
+#include "fields/local_years.h"
 #include "support/scoped_zone.h"
 
 namespace test {
