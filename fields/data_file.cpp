@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <limits>
 
+#include "fields/way_memory.h"
+
 namespace qvslm {
 
 ReadingPlace Reading{};
@@ -29,6 +31,7 @@ Window windows[kWindows];
 int inUse = 0;  // the window that is read from
 u64 uses = 0;
 i64 streamPosition = kUnknown;  // where the C stream stands
+i64 endMet = kUnknown;          // where a read found no more bytes
 bool readFailed = false;        // the last refill came short by a fault, not by the end of the file
 
 // Reads on in a window, from an offset within its bytes or right behind them.
@@ -64,6 +67,8 @@ void StartWindow(i64 offset) {
 
 void ForgetWindows(std::FILE* file) {
   for (Window& window : windows) window.size = 0;
+  ForgetWays();
+  endMet = kUnknown;
   streamPosition = kUnknown;
   Reading.file = file;
   Reading.seekable = false;
@@ -94,13 +99,19 @@ bool Refill() {
   if (Reading.file == nullptr) return false;
   i64 const position = Reading.limitOffset;
   if (ReadFromHolder(position)) return true;
-  StartWindow(position);
+  bool const started = windows[inUse].size == 0 && windows[inUse].start == position;
+  if (!started) StartWindow(position);
   readFailed = Reading.seekable && streamPosition != position && !SeekStream(position, SEEK_SET);
   if (readFailed) return false;
   Window& window = windows[inUse];
   window.size = std::fread(window.bytes, 1, kWindowSize, Reading.file);
   ReadFrom(inUse, position);
   streamPosition = Reading.limitOffset;
+  if (window.size == 0) {
+    // Where searches come to the end of the file again and again, they leave no window behind there.
+    if (endMet == position) window.lastUse = 0;
+    endMet = position;
+  }
   if (window.size < kWindowSize) {
     readFailed = std::ferror(Reading.file) != 0;
     if (readFailed) streamPosition = kUnknown;

@@ -1,7 +1,10 @@
 #include "fields/local_time.h"
 
+#include <algorithm>
 #include <ctime>
 #include <limits>
+
+#include "fields/local_years.h"
 
 namespace qvslm {
 
@@ -32,10 +35,100 @@ Calendar FromBrokenDown(const std::tm& stamp) {
           stamp.tm_year, stamp.tm_wday, stamp.tm_yday, stamp.tm_isdst};
 }
 
+// How often the zone is asked for single stamps. A file with stamps of more days goes by whole years.
+constexpr int kMostAsked = 400;
+int asked = 0;
+
+constexpr i32 kSecondsOfHour = 3600;
+constexpr i32 kSecondsOfDay = 24 * kSecondsOfHour;
+
+i64 FloorOf(i64 number, i64 unit) {
+  return number >= 0 ? number / unit : -((unit - 1 - number) / unit);
+}
+
+// A day since 1970 as a day of a year since 1900.
+struct YearAndDay {
+  i64 year;
+  i64 day;  // from 0
+};
+YearAndDay YearOfDay(i64 day) {
+  constexpr i64 kDaysOf400Years = 146097;
+  i64 year = 70 + FloorOf(day * 400, kDaysOf400Years);
+  while (DaysBeforeYear(year) > day) --year;
+  while (DaysBeforeYear(year + 1) <= day) ++year;
+  return {year, day - DaysBeforeYear(year)};
+}
+
+i64 DaysBeforeMonth(i64 year, i64 month) {
+  constexpr i64 kDays[] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
+  return kDays[month] + (month > 1 && IsLeapYear(year) ? 1 : 0);
+}
+
+// Seconds of local time as a stamp.
+Calendar StampOf(i64 local, i32 flag) {
+  i64 const day = FloorOf(local, kSecondsOfDay);
+  auto const clock = static_cast<i32>(local - day * kSecondsOfDay);
+  auto const [year, yearDay] = YearOfDay(day);
+  i64 month = 11;
+  while (DaysBeforeMonth(year, month) > yearDay) --month;
+  i64 const weekDay = day + 4 - FloorOf(day + 4, 7) * 7;  // the first day of 1970 was a Thursday
+  return {clock % 60,
+          clock / 60 % 60,
+          clock / kSecondsOfHour,
+          static_cast<i32>(yearDay - DaysBeforeMonth(year, month) + 1),
+          static_cast<i32>(month),
+          static_cast<i32>(year),
+          static_cast<i32>(weekDay),
+          static_cast<i32>(yearDay),
+          flag};
+}
+
+Instant AskForInstant(const Calendar& calendar, i32 flag) {
+  Calendar stamp = calendar;
+  i64 seconds = 0;
+  AskZone(stamp, flag, seconds);
+  return {seconds, stamp};
+}
+
+// Fields out of range are carried over as the C library does it: seconds are added when the rest is
+// converted.
+Instant FindInstant(const Calendar& calendar, i32 flag) {
+  constexpr i64 kDaysOf400Years = 146097;
+  i64 const years = FloorOf(calendar.Month, 12);
+  i64 const month = calendar.Month - years * 12;
+  i64 const monthOfYear = calendar.Year + years;
+  i32 const second = std::clamp(calendar.Second, 0, 59);
+  i64 const moreSeconds = i64{calendar.Second} - second;
+  i64 const minutes = i64{calendar.Hour} * 60 + calendar.Minute;
+  i64 local =
+      (DaysBeforeYear(monthOfYear) + DaysBeforeMonth(monthOfYear, month) + calendar.Day - 1) *
+          kSecondsOfDay +
+      minutes * 60 + second;
+  i64 const day = FloorOf(local, kSecondsOfDay);
+  auto const [year, yearDay] = YearOfDay(day);
+  if (year < 0) return AskForInstant(calendar, flag);
+  i64 const turns = year < kYearsKept ? 0 : (year - kYearsKept) / 400 + 1;
+  auto const secondOfYear = static_cast<i32>(yearDay * kSecondsOfDay + local - day * kSecondsOfDay);
+  LocalInstant found{};
+  if (!FindInYear(static_cast<i32>(year - turns * 400), secondOfYear, flag > 0 ? 1 : 0, found)) {
+    return AskForInstant(calendar, flag);
+  }
+  if (!found.found) {
+    Calendar stamp = calendar;
+    stamp.WeekDay = stamp.YearDay = 0;
+    stamp.DaylightFlag = flag;
+    return {kNoTime, stamp};
+  }
+  i64 const seconds = found.seconds + turns * kDaysOf400Years * kSecondsOfDay + moreSeconds;
+  bool const sameStretch = moreSeconds >= 0 && moreSeconds <= found.ahead;
+  if (!sameStretch) return {seconds, LocalCalendar(seconds)};
+  return {seconds, StampOf(local + found.moved + moreSeconds, found.flag)};
+}
+
 Instant Convert(const Calendar& calendar, i32 flag) {
-  std::tm stamp = BrokenDown(calendar, flag);
-  std::time_t const seconds = std::mktime(&stamp);
-  return {static_cast<i64>(seconds), FromBrokenDown(stamp)};
+  if (asked >= kMostAsked) return FindInstant(calendar, flag);
+  ++asked;
+  return AskForInstant(calendar, flag);
 }
 
 Instant Resolve(const Calendar& calendar) {
@@ -73,9 +166,6 @@ constexpr int kDaysKept = 32;
 constexpr int kHoursKept = 24;
 Remembered days[kDaysKept];
 Remembered hours[kHoursKept];  // of the days on which the clock changes
-
-constexpr i32 kSecondsOfHour = 3600;
-constexpr i32 kSecondsOfDay = 24 * kSecondsOfHour;
 
 // Whether a number lies from 0 up to below an end.
 bool IsBelow(i32 number, u32 end) {
@@ -182,7 +272,20 @@ i32 SecondsOnDay(Remembered& day, const Calendar& calendar, i32 flag) {
 
 }  // namespace
 
+bool AskZone(Calendar& calendar, i32 flag, i64& seconds) {
+  constexpr int kNoWeekDay = -1;
+  std::tm stamp = BrokenDown(calendar, flag);
+  stamp.tm_wday = kNoWeekDay;
+  seconds = static_cast<i64>(std::mktime(&stamp));
+  bool const found = stamp.tm_wday != kNoWeekDay;
+  if (!found) stamp.tm_wday = 0;
+  calendar = FromBrokenDown(stamp);
+  return found;
+}
+
 void ForgetLocalTime() {
+  asked = 0;
+  ForgetLocalYears();
   for (Remembered& day : days) day.key = Remembered::kNoKey;
   for (Remembered& hour : hours) hour.key = Remembered::kNoKey;
 }

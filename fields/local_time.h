@@ -33,6 +33,10 @@ inline Calendar ClearedCalendar() {
 
 void ForgetLocalTime();
 
+// The zone's own answer, by a daylight flag of 0 or 1: seconds since 1970 and the stamp they have there,
+// fields in range. False where it has none; seconds are -1 and the stamp stays then, with the flag.
+bool AskZone(Calendar& calendar, i32 flag, i64& seconds);
+
 // Seconds since 1970-01-01 00:00 UTC of a local stamp, or -1 where 32 bits do not hold them; fields
 // out of range are carried over. The calendar is brought into range and its daylight flag resolved.
 // With the flag below 0 a stamp of the hour that the autumn change repeats is standard time, and a

@@ -31,7 +31,7 @@ Census RunCensus(const char* path, std::size_t fileSize) {
   counts.Fill(0xA5);
 
   Census census{};
-  census.status = BoundedAndClosed(fileSize, Growth::Quadratic, [&] {
+  census.status = BoundedAndClosed(fileSize, Reads::WithEachItem, [&] {
     return QV_GetRecordCount(path, context.Data(), reinterpret_cast<QvRecordCensus*>(counts.Data()),
                              record.Data());
   });

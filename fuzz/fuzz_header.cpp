@@ -9,8 +9,8 @@
 namespace {
 
 using fuzz::Expect;
-using fuzz::Growth;
 using fuzz::IsOneOf;
+using fuzz::Reads;
 
 constexpr std::size_t kSerialSize = 81;
 
@@ -23,7 +23,7 @@ struct Host {
   template <class Call>
   std::int32_t Run(Call call) {
     context.Fill(0);
-    return fuzz::BoundedAndClosed(size, Growth::Linear, [&] {
+    return fuzz::BoundedAndClosed(size, Reads::OverTheFile, [&] {
       return call(file.Path(), static_cast<void*>(context.Data()));
     });
   }

@@ -2,7 +2,8 @@
 # fuzz/minimise.sh [FOLDER]: forms the kept corpus anew. For each target a small set of files that
 # together reach every edge which the kept corpus, build/fuzz/found/TARGET and FOLDER/TARGET reach is
 # what fuzz/corpus/TARGET holds afterwards. The census and the translation alone run over the corpus
-# of the target that does both, too, so that their own hold only what that one lacks.
+# of the target that does both, too, so that their own hold only what that one lacks; fuzz_work has
+# none of its own.
 set -euo pipefail
 
 root=$(cd "$(dirname "$0")/.." && pwd)

@@ -10,7 +10,8 @@ seconds=${1:-20}
 shift || true
 targets=("$@")
 [ ${#targets[@]} -gt 0 ] ||
-  targets=(fuzz_translate_counted fuzz_translate fuzz_census fuzz_header fuzz_texts)
+  targets=(fuzz_translate_counted fuzz_translate fuzz_census fuzz_work fuzz_header
+    fuzz_texts)
 
 cd "$root"
 mkdir -p "$build"
@@ -19,10 +20,10 @@ mkdir -p "$build"
 ninja -C "$build" fuzz_targets >"$build/build.log" 2>&1 ||
   { tail -n 40 "$build/build.log" >&2; exit 1; }
 
-# The census and the translation alone profit from the files of the target that does both.
+# The census, the translation alone and the work over long files profit from the files of the target that does both.
 shared_with() {
   case $1 in
-    fuzz_translate | fuzz_census) echo fuzz/corpus/fuzz_translate_counted ;;
+    fuzz_translate | fuzz_census | fuzz_work) echo fuzz/corpus/fuzz_translate_counted ;;
   esac
 }
 

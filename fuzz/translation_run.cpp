@@ -39,7 +39,7 @@ class Run {
 
  private:
   void Start(const char* path) {
-    result_.startStatus = Bounded(fileSize_, Growth::Linear,
+    result_.startStatus = Bounded(fileSize_, Reads::OverTheFile,
                                   [&] { return QV_StartTranslate(path, context_->Data()); });
     Expect(IsOneOf(result_.startStatus, {QV_OK, QV_NO_TEXT_HEADER, QV_SEEK_FAILED,
                                          QV_TAIL_SEEK_FAILED, QV_NOT_FOUND, QV_NO_MEMORY}),
@@ -76,7 +76,7 @@ class Run {
   std::int32_t Step() {
     if (use_ == ContextUse::Moved) Move();
     record_->Refill();
-    std::int32_t const status = Bounded(fileSize_, Growth::Linear, [&] {
+    std::int32_t const status = Bounded(fileSize_, Reads::OverTheFile, [&] {
       return QV_TranslateNextRec(record_->Data(), context_->Data());
     });
     // A step opens the file anew behind the end of the data, and closes it there.

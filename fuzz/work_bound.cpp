@@ -55,14 +55,13 @@ constexpr std::size_t kSmallestRefill = 4096;
 
 // Generous, as a sanitized build on a busy machine needs: what it tells apart is work that follows
 // from the file's size and work that does not end.
-std::int64_t MostTime(std::int64_t size, Growth growth) {
-  std::int64_t const linear = 2000 * kMillisecond + size * 2000;
-  return growth == Growth::Linear ? linear : linear + size * size * 4;
+std::int64_t MostTime(std::int64_t size) {
+  return 2000 * kMillisecond + size * 10'000;
 }
 
-std::uint64_t MostStreamCalls(std::size_t size, Growth growth) {
-  std::uint64_t const linear = 200 + 4 * (size / kSmallestRefill + 1);
-  return growth == Growth::Linear ? linear : linear * (size / 8 + 1);
+std::uint64_t MostStreamCalls(std::size_t size, Reads reads) {
+  std::uint64_t const blocks = 200 + 4 * (size / kSmallestRefill + 1);
+  return reads == Reads::OverTheFile ? blocks : blocks + 4 * size;
 }
 
 }  // namespace
@@ -73,12 +72,12 @@ Work WorkSoFar() {
   return {streamCalls, filesOpen, std::int64_t{now.tv_sec} * 1000 * kMillisecond + now.tv_nsec};
 }
 
-void ExpectBound(const Work& before, const Work& after, std::size_t fileSize, Growth growth) {
-  Expect(after.streamCalls - before.streamCalls <= MostStreamCalls(fileSize, growth),
+void ExpectBound(const Work& before, const Work& after, std::size_t fileSize, Reads reads) {
+  Expect(after.streamCalls - before.streamCalls <= MostStreamCalls(fileSize, reads),
          "a call read and sought more often than the file's size justifies");
-  Expect(after.processorTime - before.processorTime <=
-             MostTime(static_cast<std::int64_t>(fileSize), growth),
-         "a call took longer than the file's size justifies");
+  Expect(
+      after.processorTime - before.processorTime <= MostTime(static_cast<std::int64_t>(fileSize)),
+      "a call took longer than the file's size justifies");
 }
 
 }  // namespace fuzz

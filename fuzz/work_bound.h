@@ -19,27 +19,27 @@ struct Work {
 
 Work WorkSoFar();
 
-// How work may grow with the size of the file.
-enum class Growth {
-  Linear,    // a walk over the file, or a part of it
-  Quadratic  // the census of model 431 looks for a line of its own behind each results block
+// How often a call may read and seek. Time grows with the file's size in each case.
+enum class Reads {
+  OverTheFile,  // block by block, and a few times over
+  WithEachItem  // for searches that items set off, which go elsewhere and come back
 };
 
-void ExpectBound(const Work& before, const Work& after, std::size_t fileSize, Growth growth);
+void ExpectBound(const Work& before, const Work& after, std::size_t fileSize, Reads reads);
 
 template <class Call>
-auto Bounded(std::size_t fileSize, Growth growth, Call call) {
+auto Bounded(std::size_t fileSize, Reads reads, Call call) {
   Work const before = WorkSoFar();
   auto const result = call();
-  ExpectBound(before, WorkSoFar(), fileSize, growth);
+  ExpectBound(before, WorkSoFar(), fileSize, reads);
   return result;
 }
 
 // For calls that leave no file open.
 template <class Call>
-auto BoundedAndClosed(std::size_t fileSize, Growth growth, Call call) {
+auto BoundedAndClosed(std::size_t fileSize, Reads reads, Call call) {
   std::int64_t const open = WorkSoFar().filesOpen;
-  auto const result = Bounded(fileSize, growth, call);
+  auto const result = Bounded(fileSize, reads, call);
   Expect(WorkSoFar().filesOpen == open, "a call left its file open");
   return result;
 }

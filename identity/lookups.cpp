@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <string_view>
 
 #include "fields/data_file.h"
@@ -19,7 +20,9 @@ std::string_view Line() {
   return CurrentContext->LineBuffer;
 }
 
+// Lines that begin behind the highest offset of a file are not read: a device may have no end.
 bool NextLine() {
+  if (FilePosition() > std::numeric_limits<i32>::max()) return false;
   return static_cast<bool>(ReadLine(CurrentContext->LineBuffer, sizeof CurrentContext->LineBuffer));
 }
 

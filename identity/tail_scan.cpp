@@ -31,7 +31,8 @@ i32 WalkTailBackward() {
   context.FileOffset = context.Model == kModel431 ? kTail431 : kTail;
   if (SeekFromEnd(context.FileOffset) != 0) return FailWith(QV_TAIL_SEEK_FAILED);
   context.LineBuffer[0] = '\0';
-  while (context.FileOffset >= kFarthest) {
+  i64 const end = FilePosition() - context.FileOffset;  // a device may go on
+  while (context.FileOffset >= kFarthest && FilePosition() < end) {
     if (!ReadLine(context.LineBuffer, sizeof context.LineBuffer)) return 0;
     if (context.LineBuffer[0] != 'R') continue;
     std::string_view const text = context.LineBuffer;

@@ -1,6 +1,7 @@
 #include <string_view>
 
 #include "fields/data_file.h"
+#include "fields/line_search.h"
 #include "fields/number_text.h"
 #include "fields/output_record.h"
 #include "fields/packed_time.h"
@@ -28,28 +29,26 @@ i32 NormalizedSecondsAt(u32 position) {
   return NormalizeTime(stamp, nullptr);
 }
 
-// Register 106 of the next results block: the level offset, a signed number of eight bits and its
-// decimals.
-void LookAheadForLevelOffset() {
-  constexpr i32 kLevelOffsetRegister = 106;
+constexpr i32 kLevelOffsetRegister = 106;
+
+// Takes a line's level offset, a signed number of eight bits and its decimals.
+void TakeLevelOffset(std::string_view line) {
   constexpr std::size_t kValueColumn = 5;
+  f64 offset = 0;
+  if (line.size() > kValueColumn) ParseDouble(line.substr(kValueColumn), &offset);
+  if (offset >= 128.0) offset -= 256.0;
+  CurrentContext->LevelOffset = static_cast<f32>(offset);
+}
+
+// Register 106 of the next results block. A last line without a line end reaches the end of the file
+// and counts no more.
+void LookAheadForLevelOffset() {
   char text[321] = "";
-  LineRead line = ReadLine(text, sizeof text);
-  while (line && text[0] != 'R') line = ReadLine(text, sizeof text);
-  // A last line without a line end reaches the end of the file and counts no more.
-  while (line.complete && text[0] == 'R') {
-    std::string_view view = text;
-    view = view.substr(0, view.find('\n'));
-    view = view.substr(0, view.find('\r'));
-    if (NumberAt(view, 1) == kLevelOffsetRegister) {
-      f64 offset = 0;
-      if (view.size() > kValueColumn) ParseDouble(view.substr(kValueColumn), &offset);
-      if (offset >= 128.0) offset -= 256.0;
-      CurrentContext->LevelOffset = static_cast<f32>(offset);
-      return;
-    }
-    line = ReadLine(text, sizeof text);
+  LineRead line = ReadLineThatOpens('R', text, sizeof text);
+  if (line.complete && NumberAt(WithoutLineEnd(text), 1) != kLevelOffsetRegister) {
+    line = ReadPastRegisters('R', kLevelOffsetRegister, text, sizeof text);
   }
+  if (line.complete && text[0] == 'R') return TakeLevelOffset(WithoutLineEnd(text));
   // The file ended before the block, or within it: the levels of all that follows lack their offset.
   if (!line.complete && (!line || text[0] == 'R')) NoteBytesMissing(1);
 }

@@ -1,9 +1,11 @@
 #include "records/record_seeker.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "fields/byte_reader.h"
 #include "fields/data_file.h"
+#include "fields/way_memory.h"
 #include "records/records.h"
 
 namespace qvslm {
@@ -11,6 +13,7 @@ namespace qvslm {
 namespace {
 
 constexpr i32 kPassed = QV_NO_TEXT_HEADER;
+constexpr i64 kHighestPlace = std::numeric_limits<i32>::max();
 
 struct Cursor {
   i32* firstOffset = nullptr;
@@ -68,62 +71,148 @@ i32 ReadBody() {
   return length > kLongestRecord ? i32{QV_BAD_LENGTH} : static_cast<i32>(length);
 }
 
-i32 PassStream() {
+// A walk, and where its next turn begins: at an item, or at an entry of the stream that it crosses.
+struct Walk {
+  u32 family;
+  u32 wanted;
+  Cursor cursor;
+  WayPoint place;
+  i32 index = 0;
+
+  bool IsInStream() const { return place.entry != WayPoint::kNoEntry; }
+  bool IsAtWanted() const { return !IsInStream() && index == static_cast<i64>(wanted); }
+};
+
+// What steers a walk beside the file's bytes. One to item 0 ends behind the item that it begins at.
+u32 KindOf(const Walk& walk) {
+  const TranslateContext& context = *CurrentContext;
+  return (1U << 31) + (walk.family << 4) + (walk.wanted == 0 ? 8U : 0U) +
+         (IsModel431Or442() ? 4U : 0U) + (context.WholeDbStream != 0 ? 2U : 0U) +
+         (context.SecondLevelKind != 0 ? 1U : 0U);
+}
+
+// One block of the stream at the place, from an entry in it on.
+i32 PassStreamBlock(WayPoint& place) {
   TranslateContext& context = *CurrentContext;
   i32 const kept = context.FileOffset;
-  i32 status = KeepFilePosition();
-  if (status >= 0) status = SkipStreamBlock();
-  if (SeekDataFile(context.FileOffset) != 0) status = FailWith(QV_TAIL_SEEK_FAILED);
+  context.FileOffset = place.at;
+  i32 status = SkipStreamBlock(place.entry);
+  place.at = context.FileOffset;
+  if (SeekDataFile(place.at) != 0) status = FailWith(QV_TAIL_SEEK_FAILED);
   context.FileOffset = kept;
   return status;
 }
 
-// One turn of the walk: passes an item, or takes the family's next one, whose index it notes.
-i32 PassItem(u32 family, const Cursor& cursor, u32 wanted, i32& index) {
+// The type byte of a stream has been read.
+i32 EnterStream(WayPoint& place) {
   TranslateContext& context = *CurrentContext;
+  if (FilePosition() <= kHighestPlace) {
+    place = {static_cast<i32>(FilePosition()), 0};
+    return PassStreamBlock(place);
+  }
+  i32 const status = FailWith(QV_SEEK_FAILED);
+  return SeekDataFile(context.FileOffset) == 0 ? status : FailWith(QV_TAIL_SEEK_FAILED);
+}
+
+u32 ReadType() {
   i32 const byte = ReadFileByte();
   if (byte < 0) NoteBytesMissing(1);
-  auto type = static_cast<u32>(byte);
-  if (type == 7 && IsModel431Or442()) type = 6;
-  if (!IsWalkable(type)) return QV_BAD_LENGTH;
+  auto const type = static_cast<u32>(byte);
+  return type == 7 && IsModel431Or442() ? 6 : type;
+}
 
-  i32 status = 0;
-  if (type == family) {
-    if (cursor.fetchIndex != nullptr) index = ++*cursor.fetchIndex;
-    status = index <= static_cast<i64>(wanted) ? ReadBody() : kPassed;
-  } else if (type != 6 && type != 'R') {
-    status = ReadBody();
-    if (status > 0) status = 0;
+// Passes an item whose type byte has been read, or the first block of a stream.
+i32 PassOther(u32 type, WayPoint& place) {
+  TranslateContext& context = *CurrentContext;
+  if (type == 6) return EnterStream(place);
+  if (type == 'R') {
+    ReadLine(context.LineBuffer, sizeof context.LineBuffer);
+    return 0;
   }
-  if (type == 6) status = PassStream();
-  if (type == 'R') ReadLine(context.LineBuffer, sizeof context.LineBuffer);
-  if (type == 0 || type == 'E') status = QV_NOT_FOUND;
+  i32 const status = ReadBody();
+  return status > 0 ? 0 : status;
+}
+
+// An item, where it is not the family's next one, whose index is noted.
+i32 PassItem(Walk& walk, u32 type) {
+  if (!IsWalkable(type)) return QV_BAD_LENGTH;
+  i32 status = 0;
+  if (type == walk.family) {
+    if (walk.cursor.fetchIndex != nullptr) walk.index = ++*walk.cursor.fetchIndex;
+    status = walk.index <= static_cast<i64>(walk.wanted) ? ReadBody() : kPassed;
+    if (type == 6) status = EnterStream(walk.place);
+  } else {
+    status = PassOther(type, walk.place);
+  }
+  return type == 0 || type == 'E' ? i32{QV_NOT_FOUND} : status;
+}
+
+// Takes a step of a known way again, for what it leaves behind.
+void PassAgain(WayPoint point) {
+  if (SeekDataFile(point.at) != 0) return;
+  if (point.entry == WayPoint::kNoEntry) {
+    PassOther(ReadType(), point);
+  } else {
+    PassStreamBlock(point);
+  }
+}
+
+// Notes a step that any walk of the kind would take, and ends the way where one would not, where the
+// file ends, and where an offset cannot tell the position.
+void NoteStep(Way& way, WayPoint from, u32 type, bool passed) {
+  const TranslateContext& context = *CurrentContext;
+  bool const line = type == 'R';
+  bool const whole = line || context.BytesRead != 0 || context.RecordLength == 0;
+  if (!passed || !whole || FilePosition() > kHighestPlace) return way.Ended(from);
+  if (!line) return way.Passed(from, Leaves::Record, context.RecordLength + 1);
+  way.Passed(from, Leaves::Text, static_cast<u32>(FilePosition() - from.at));
+}
+
+// One turn: passes an item or a block of a stream, or takes the family's next item.
+i32 Turn(Walk& walk, Way& way) {
+  if (!walk.IsAtWanted() && way.Known(walk.place, PassAgain)) {
+    if (SeekDataFile(walk.place.at) != 0) return FailWith(QV_TAIL_SEEK_FAILED);
+    if (walk.IsAtWanted()) return 0;
+  }
+  WayPoint const from = walk.place;
+  if (walk.IsInStream()) {
+    i32 const status = PassStreamBlock(walk.place);
+    NoteStep(way, from, 6, status >= 0);
+    return status;
+  }
+  u32 const type = ReadType();
+  i32 const status = PassItem(walk, type);
+  NoteStep(way, from, type, status >= 0 && type != walk.family);
+  if (!walk.IsInStream()) walk.place = {static_cast<i32>(std::min(FilePosition(), kHighestPlace))};
   return status;
 }
 
 }  // namespace
 
 i32 SeekRecord(u32 family, u32 wanted) {
-  Cursor const cursor = CursorOf(family);
-  if (cursor.firstOffset == nullptr || *cursor.firstOffset < 1) return QV_NOT_FOUND;
-  if (SeekDataFile(*cursor.firstOffset) != 0) return FailWith(QV_TAIL_SEEK_FAILED);
+  Walk walk{family, wanted, CursorOf(family), {}};
+  i32* const firstOffset = walk.cursor.firstOffset;
+  if (firstOffset == nullptr || *firstOffset < 1) return QV_NOT_FOUND;
+  if (SeekDataFile(*firstOffset) != 0) return FailWith(QV_TAIL_SEEK_FAILED);
 
+  walk.place.at = *firstOffset;
+  Way way(KindOf(walk));
   u32& missing = CurrentContext->BytesMissing;
   u32 const missingBefore = missing;
-  i32 index = 0;
   i32 status = 0;
   do {
-    status = PassItem(family, cursor, wanted, index);
-  } while (status >= 0 && index != static_cast<i64>(wanted));
+    status = Turn(walk, way);
+  } while (status >= 0 && !walk.IsAtWanted());
+  way.Ended(walk.place);
   // A record that the file does not hold to its end counts as one byte that is missing. Where the data
   // ended before it, nothing is, whatever was read behind that end.
   bool const cut = missing > missingBefore || status == QV_RECORD_TOO_SHORT;
   missing = missingBefore + (cut && status != QV_NOT_FOUND ? 1 : 0);
 
   if (status == kPassed) return status;
-  bool const lost = status == QV_NOT_FOUND || status == QV_BAD_LENGTH ||
-                    FilePosition() > std::numeric_limits<i32>::max();
-  *cursor.firstOffset = lost ? 0 : static_cast<i32>(FilePosition());
+  bool const lost =
+      status == QV_NOT_FOUND || status == QV_BAD_LENGTH || FilePosition() > kHighestPlace;
+  *firstOffset = lost ? 0 : static_cast<i32>(FilePosition());
   return status;
 }
 

@@ -22,10 +22,13 @@ i32 DecodeRec5();
 // Items 7 and 8: block images.
 i32 DecodeRec8();
 
-// Items 6 and 7: one call's share of a sample stream, which moves FileOffset, and the way across a
-// stream without delivering it.
+// Items 6 and 7: one call's share of a sample stream, which moves FileOffset.
 i32 DecodeStream();
-i32 SkipStreamBlock();
+
+// The way across a stream without delivering it, a block at a time: from an entry of the block at
+// FileOffset, by its place there, to one of the next block, or behind the stream. FileOffset follows.
+inline constexpr i32 kBehindStream = -1;
+i32 SkipStreamBlock(i32& entry);
 
 // Items 129 to 132: bands of an interval, a summary, a level mark, and a series within an interval.
 i32 DecodeRec129();

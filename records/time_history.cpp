@@ -266,18 +266,23 @@ i32 DecodeStream() {
   return status == QV_RECORD_TOO_SHORT ? 0 : status;
 }
 
-i32 SkipStreamBlock() {
+i32 SkipStreamBlock(i32& entry) {
   TranslateContext& context = *CurrentContext;
+  i32 const block = context.FileOffset;
   context.RecordLength = kStreamBlock;
   context.AutoRefill = 1;
   ReadRecordBlock(kStreamBlock);
+  context.RecordPos = entry;
   i32 status = 0;
   u8 last = 0;
   do {
     PassSamples();
     last = PassStreamEntry(status);
-  } while (last != 0 && status >= 0);
+  } while (last != 0 && status >= 0 && context.FileOffset == block);
   context.AutoRefill = 0;
+  bool const goesOn = last != 0 && status >= 0;
+  entry = goesOn ? context.RecordPos : kBehindStream;
+  if (goesOn) return status;
   if (context.FileOffset > std::numeric_limits<i32>::max() - context.RecordPos) {
     return FailWith(QV_SEEK_FAILED);
   }

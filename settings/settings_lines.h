@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "fields/data_file.h"
+#include "fields/line_search.h"
 #include "fields/number_text.h"
 
 namespace qvslm {
@@ -27,10 +28,7 @@ SettingsLine TakeApart(char* line, std::size_t size);
 // block. Returns 0, or QV_SEEK_FAILED when an offset cannot tell the position.
 template <std::size_t Size, class Taker>
 i32 ReadSettingsLines(char letter, char (&line)[Size], Taker take) {
-  bool read = false;
-  do {
-    read = static_cast<bool>(ReadLine(line, Size));
-  } while (read && line[0] != letter);
+  auto read = static_cast<bool>(ReadLineThatOpens(letter, line, Size));
   while (read && line[0] == letter) {
     i32 const kept = KeepFilePosition();
     if (kept < 0) return kept;

@@ -42,9 +42,19 @@
  * acts on the context named last; where a call fails to open the file or to seek in it, the context keeps
  * the address of the record, which nothing reads.
  *
- * One context, one file. A context that has been used for another file keeps what no start resets: the
- * titles and the times of its end record (of which the first and the latest win), the flags, masks
- * and levels that the last setup left, and how many spectra it has delivered. Zero it to start afresh.
+ * One context, one file. Zero a context that has been used for another file: no start and no census
+ * resets all of it, and what is left can come out in records of the next file:
+ *   - of the end record the titles (the first ones win), the latest record time (the largest wins), and
+ *     time, site, model and stop time of the blocks of settings and results, and the serial number,
+ *     where the next file has no such blocks and no model line;
+ *   - what the last setup and reference left: the setup's flags, the form and the masks of streamed
+ *     fields, the second spectrum, the number of bands, the level base and the reference level;
+ *   - the values of the settings 53, 54 and 147;
+ *   - the times of run events and other events by which streams are paced, and the number of spectra
+ *     that were delivered;
+ *   - the bytes of the last items, all but the first byte, where a body is shorter than what its record
+ *     takes from it or the file ends within it, and the text of the last line, where a line of settings
+ *     ends before its value and where a file holds too few lines for QV_ReadFileSN.
  *
  * Threads. The library has no threads and no locks: one thread may be in it at a time, and it is
  * used for one file at a time. The daylight span of the last census (QV_GetRecordCount) and the

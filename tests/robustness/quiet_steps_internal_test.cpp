@@ -123,6 +123,45 @@ TEST(QuietBandSteps, StayAmongBytesReadWhenTheOwnerIsNear) {
   EXPECT_EQ(steps.tells, 0);
 }
 
+// Level marks with stamps of every day that they can name, in an order in which no two that follow one
+// another are near, so many times over.
+std::string StampsOfAllDays(int times) {
+  samples::DataFile file = General();
+  for (int round = 0; round < times; ++round) {
+    for (int day = 1; day <= 31; ++day) {
+      for (int month = 1; month <= 12; ++month) {
+        for (int year = 1970; year < 2070; ++year) {
+          file.Item(
+              5, samples::Body().U8(0).Date(day, month, year).Time(1, 75, round).Level(60).U8(0));
+        }
+      }
+    }
+  }
+  return Startable(file.EndOfData());
+}
+
+int ConversionsOf(const std::string& path) {
+  Session session;
+  Costs const before = CostsSoFar();
+  EXPECT_EQ(session.Census(path), QV_OK);
+  EXPECT_EQ(session.Start(path), QV_OK);
+  while (session.Next() >= 0) continue;
+  return (CostsSoFar() - before).conversions;
+}
+
+// However many stamps a file holds, and of however many days, it is learned once a year what the zone
+// makes of them.
+TEST(QuietConversions, AreBoundedForEachFile) {
+  for (const char* const name : {"Europe/Berlin", "Europe/Moscow", "UTC"}) {
+    ScopedZone const zone(name);
+    TempFile const once(StampsOfAllDays(1));
+    TempFile const thrice(StampsOfAllDays(3));
+    int const conversions = ConversionsOf(once.Path());
+    EXPECT_LE(conversions, 100 * 1000) << name;
+    EXPECT_EQ(ConversionsOf(thrice.Path()), conversions) << name;
+  }
+}
+
 TEST(QuietStepCounters, SeeWhatIsDone) {
   Costs const before = CostsSoFar();
   auto const memory = std::make_unique<int>(7);

@@ -188,14 +188,29 @@ TEST(SparseFile, HoldsALineBeyondTheHighestOffset) {
   EXPECT_EQ(OpenFiles(), open);
 }
 
+// The lookups read lines up to the highest offset, and none that begins behind it.
 TEST(SparseFile, HoldsItsSitesAtTheEnd) {
-  SparseFile const file(General().EndOfData().Bytes(), kTwoGiB,
-                        DataFile().Raw("\n").Q(157, "7").Bytes());
-  if (!file.Written()) GTEST_SKIP() << kNoRoom;
+  std::string const line = DataFile().Raw("\n").Q(157, "7").Bytes();
+  SparseFile const within(General().EndOfData().Bytes(), kTwoGiB - 100, line);
+  if (!within.Written()) GTEST_SKIP() << kNoRoom;
   Session session;
   std::int16_t sites = 0;
-  EXPECT_EQ(QV_ReadSiteNum(file.Path().c_str(), session.Context(), &sites), QV_OK);
+  EXPECT_EQ(QV_ReadSiteNum(within.Path().c_str(), session.Context(), &sites), QV_OK);
   EXPECT_EQ(sites, 7);
+  SparseFile const behind(General().EndOfData().Bytes(), kTwoGiB + 100, line);
+  EXPECT_EQ(QV_ReadSiteNum(behind.Path().c_str(), session.Context(), &sites), QV_NO_TEXT_HEADER);
+  EXPECT_EQ(sites, 0);
+}
+
+TEST(DeviceWithoutEnd, EndsEachCall) {
+  long const open = OpenFiles();
+  Statuses const statuses = TakeThroughAllCalls("/dev/zero");
+  EXPECT_EQ(statuses.header, QV_SEEK_FAILED);
+  EXPECT_EQ(statuses.serial, QV_NOT_FOUND);
+  EXPECT_EQ(statuses.sites, QV_NO_TEXT_HEADER);
+  EXPECT_EQ(statuses.census, QV_SEEK_FAILED);
+  EXPECT_EQ(statuses.start, QV_SEEK_FAILED);
+  EXPECT_EQ(OpenFiles(), open);
 }
 
 }  // namespace
