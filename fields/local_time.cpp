@@ -36,7 +36,7 @@ Calendar FromBrokenDown(const std::tm& stamp) {
 }
 
 // How often the zone is asked for single stamps. A file with stamps of more days goes by whole years.
-constexpr int kMostAsked = 400;
+constexpr int kMostAsked = 1200;
 int asked = 0;
 
 constexpr i32 kSecondsOfHour = 3600;

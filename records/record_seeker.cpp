@@ -13,6 +13,7 @@ namespace qvslm {
 namespace {
 
 constexpr i32 kPassed = QV_NO_TEXT_HEADER;
+constexpr int kNear = 8;  // items that are passed without a memory of the way
 constexpr i64 kHighestPlace = std::numeric_limits<i32>::max();
 
 struct Cursor {
@@ -134,7 +135,7 @@ i32 PassOther(u32 type, WayPoint& place) {
 }
 
 // An item, where it is not the family's next one, whose index is noted.
-i32 PassItem(Walk& walk, u32 type) {
+inline i32 PassItem(Walk& walk, u32 type) {
   if (!IsWalkable(type)) return QV_BAD_LENGTH;
   i32 status = 0;
   if (type == walk.family) {
@@ -168,6 +169,11 @@ void NoteStep(Way& way, WayPoint from, u32 type, bool passed) {
   way.Passed(from, Leaves::Text, static_cast<u32>(FilePosition() - from.at));
 }
 
+// The item at the file's position. Behind the highest offset there is no telling places apart.
+WayPoint ItemHere() {
+  return {static_cast<i32>(std::min(FilePosition(), kHighestPlace))};
+}
+
 // One turn: passes an item or a block of a stream, or takes the family's next item.
 i32 Turn(Walk& walk, Way& way) {
   if (!walk.IsAtWanted() && way.Known(walk.place, PassAgain)) {
@@ -183,7 +189,19 @@ i32 Turn(Walk& walk, Way& way) {
   u32 const type = ReadType();
   i32 const status = PassItem(walk, type);
   NoteStep(way, from, type, status >= 0 && type != walk.family);
-  if (!walk.IsInStream()) walk.place = {static_cast<i32>(std::min(FilePosition(), kHighestPlace))};
+  if (!walk.IsInStream()) walk.place = ItemHere();
+  return status;
+}
+
+// Goes on where no end is near, or within a stream, and remembers the way.
+i32 WalkFar(Walk walk) {
+  if (!walk.IsInStream()) walk.place = ItemHere();
+  Way way(KindOf(walk));
+  i32 status = 0;
+  do {
+    status = Turn(walk, way);
+  } while (status >= 0 && !walk.IsAtWanted());
+  way.Ended(walk.place);
   return status;
 }
 
@@ -195,15 +213,14 @@ i32 SeekRecord(u32 family, u32 wanted) {
   if (firstOffset == nullptr || *firstOffset < 1) return QV_NOT_FOUND;
   if (SeekDataFile(*firstOffset) != 0) return FailWith(QV_TAIL_SEEK_FAILED);
 
-  walk.place.at = *firstOffset;
-  Way way(KindOf(walk));
   u32& missing = CurrentContext->BytesMissing;
   u32 const missingBefore = missing;
   i32 status = 0;
+  int turns = 0;
   do {
-    status = Turn(walk, way);
-  } while (status >= 0 && !walk.IsAtWanted());
-  way.Ended(walk.place);
+    status = PassItem(walk, ReadType());
+  } while (status >= 0 && !walk.IsInStream() && !walk.IsAtWanted() && ++turns < kNear);
+  if (status >= 0 && !walk.IsAtWanted()) status = WalkFar(walk);
   // A record that the file does not hold to its end counts as one byte that is missing. Where the data
   // ended before it, nothing is, whatever was read behind that end.
   bool const cut = missing > missingBefore || status == QV_RECORD_TOO_SHORT;
