@@ -23,7 +23,7 @@ QUIET = "the library prints nothing and throws nothing"
 LINES = [
     # Who may include whom within the library.
     ("fields/levels.h", '#include "records/records.h"', f"records/records.h {HERE}"),
-    ("fields/levels.cpp", '#include "api/framing.h"', f"api/framing.h {HERE}"),
+    ("fields/stream_levels.cpp", '#include "api/framing.h"', f"api/framing.h {HERE}"),
     ("fields/levels.h", '#include "qvslm_records.h"', f"api/include/qvslm_records.h {HERE}"),
     ("identity/lookups.cpp", '#include "settings/settings.h"', f"settings/settings.h {HERE}"),
     ("records/events.cpp", '#include "models/models.h"', f"models/models.h {HERE}"),
