@@ -53,7 +53,7 @@ def header_examples(path: pathlib.Path) -> list[Block]:
 
     def close() -> None:
         text = "\n".join(lines).strip("\n")
-        if re.search(r"[;{]\s*(/\*.*)?$", text, re.M) and "(" in text:
+        if re.search(r"^(?!- ).*[;{]$", text, re.M) and "(" in text:
             blocks.append(Block(f"{path.relative_to(ROOT)}:{first}", "c", text + "\n"))
         lines.clear()
 
