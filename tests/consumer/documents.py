@@ -53,7 +53,8 @@ def header_examples(path: pathlib.Path) -> list[Block]:
 
     def close() -> None:
         text = "\n".join(lines).strip("\n")
-        if re.search(r"^(?!- ).*[;{]$", text, re.M) and "(" in text:
+        is_list = text.startswith("- ")
+        if not is_list and re.search(r"[;{]$", text, re.M) and "(" in text:
             blocks.append(Block(f"{path.relative_to(ROOT)}:{first}", "c", text + "\n"))
         lines.clear()
 
