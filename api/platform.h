@@ -1,12 +1,7 @@
 // What differs between the platforms that the library is built for.
 #pragma once
 
-#include <bit>
-
 namespace qvslm {
-
-// Output records are little-endian, and their fields are written as the machine's own numbers.
-static_assert(std::endian::native == std::endian::little);
 
 // A path's file name begins behind the last of these. A drive's colon stays in the name.
 constexpr bool SeparatesFolders(char c) {
