@@ -16,16 +16,21 @@ void KeepFilePath(const char* path) {
   CopyText(context.FilePath, sizeof context.FilePath, fits ? text : std::string_view());
 }
 
-void KeepFileName(const char* path) {
-  std::string_view name = path == nullptr ? std::string_view() : std::string_view(path);
-  for (std::size_t at = name.size(); at > 0; --at) {
-    char const c = name[at - 1];
-    if (!SeparatesFolders(c) && !EndsDrive(c)) continue;
-    name.remove_prefix(EndsDrive(c) ? at - 1 : at);
-    break;
+std::string_view FileNameIn(std::string_view path, bool (*leadsTwoBytes)(char)) {
+  std::size_t name = 0;
+  for (std::size_t at = 0; at < path.size(); ++at) {
+    char const c = path[at];
+    if (SeparatesFolders(c)) name = at + 1;
+    if (EndsDrive(c)) name = at;
+    if (leadsTwoBytes(c)) ++at;
   }
+  return path.substr(name);
+}
+
+void KeepFileName(const char* path) {
+  std::string_view const text = path == nullptr ? std::string_view() : std::string_view(path);
   QvEnd& end = CurrentContext->EndRecord;
-  CopyText(end.FileName, sizeof end.FileName, name);
+  CopyText(end.FileName, sizeof end.FileName, FileNameIn(text, LeadsTwoBytes));
 }
 
 }  // namespace qvslm

@@ -1,12 +1,13 @@
 // What differs between the platforms that the library is built for.
 #pragma once
 
-#include <bit>
+#if defined(_WIN32)
+#define WIN32_LEAN_AND_MEAN
+#define NOMINMAX
+#include <windows.h>
+#endif
 
 namespace qvslm {
-
-// Output records are little-endian, and their fields are written as the machine's own numbers.
-static_assert(std::endian::native == std::endian::little);
 
 // A path's file name begins behind the last of these. A drive's colon stays in the name.
 constexpr bool SeparatesFolders(char c) {
@@ -14,6 +15,17 @@ constexpr bool SeparatesFolders(char c) {
 }
 constexpr bool EndsDrive(char c) {
   return c == ':';
+}
+
+// Whether the character makes one with the one behind it, which may then look like a separator.
+// Paths on Windows are in the code page of the process; in Japanese, Chinese and Korean ones
+// characters may have two bytes.
+inline bool LeadsTwoBytes([[maybe_unused]] char c) {
+#if defined(_WIN32)
+  return IsDBCSLeadByte(static_cast<BYTE>(c)) != 0;
+#else
+  return false;
+#endif
 }
 
 }  // namespace qvslm

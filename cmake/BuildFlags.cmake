@@ -15,6 +15,12 @@ endif()
 add_compile_options($<$<NOT:$<CXX_COMPILER_ID:MSVC>>:-ffp-contract=off>
                     $<$<NOT:$<CXX_COMPILER_ID:MSVC>>:-fno-trapping-math>)
 
+# On x86 of 32 bits the arithmetic of SSE, as on that of 64 bits: the old one has bits to spare, and
+# rounds them when it pleases.
+if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "86" AND NOT MSVC)
+  add_compile_options(-msse2 -mfpmath=sse)
+endif()
+
 if(QVSLM_DEVELOP AND NOT MSVC)
   add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 endif()

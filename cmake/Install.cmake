@@ -33,3 +33,7 @@ file(RELATIVE_PATH pkgconfig_to_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig
 configure_file(cmake/qvslmtranslate.pc.in qvslmtranslate.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qvslmtranslate.pc
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+if(MINGW)
+  include(WindowsPackage)
+endif()

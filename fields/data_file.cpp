@@ -1,3 +1,8 @@
+// Asks C libraries that have two sorts of file offsets for those of 64 bits.
+#if !defined(_WIN32) && !defined(__LP64__)
+#define _FILE_OFFSET_BITS 64
+#endif
+
 #include "fields/data_file.h"
 
 #include <algorithm>
@@ -11,6 +16,24 @@ namespace qvslm {
 ReadingPlace Reading{};
 
 namespace {
+
+// The C library's own calls take a long, which is no wider than 32 bits on many platforms.
+#if defined(_WIN32)
+int SeekTo(std::FILE* file, i64 offset, int origin) {
+  return _fseeki64(file, offset, origin);
+}
+i64 PositionOf(std::FILE* file) {
+  return _ftelli64(file);
+}
+#else
+static_assert(sizeof(off_t) >= sizeof(i64));
+int SeekTo(std::FILE* file, i64 offset, int origin) {
+  return fseeko(file, offset, origin);
+}
+i64 PositionOf(std::FILE* file) {
+  return ftello(file);
+}
+#endif
 
 constexpr std::size_t kWindowSize = 32768;
 constexpr int kWindows = 4;  // for the walk, and the cursors of the three families that own bands
@@ -81,14 +104,13 @@ void UseFile() {
   if (IsReading(file)) return;
   ForgetWindows(file);
   if (file == nullptr) return;
-  streamPosition = std::ftell(file);
-  Reading.seekable = streamPosition >= 0 && std::fseek(file, 0, SEEK_CUR) == 0;
+  streamPosition = PositionOf(file);
+  Reading.seekable = streamPosition >= 0 && SeekTo(file, 0, SEEK_CUR) == 0;
   StartWindow(std::max<i64>(streamPosition, 0));
 }
 
 bool SeekStream(i64 offset, int origin) {
-  bool const reached = offset <= std::numeric_limits<long>::max() &&
-                       std::fseek(Reading.file, static_cast<long>(offset), origin) == 0;
+  bool const reached = SeekTo(Reading.file, offset, origin) == 0;
   streamPosition = kUnknown;
   return reached;
 }
@@ -159,7 +181,7 @@ i32 SeekFromEnd(i64 distance) {
   UseFile();
   for (Window& window : windows) window.size = 0;
   if (!Reading.seekable || !SeekStream(distance, SEEK_END)) return -1;
-  streamPosition = std::ftell(Reading.file);
+  streamPosition = PositionOf(Reading.file);
   if (streamPosition < 0) return -1;
   StartWindow(streamPosition);
   return 0;

@@ -1,12 +1,9 @@
 #include "fields/number_text.h"
 
-#include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <cstdio>
-#include <cstring>
 #include <limits>
 
+#include "fields/float_text.h"
 #include "fields/whole_number.h"
 
 namespace qvslm {
@@ -32,30 +29,6 @@ bool TakeSign(std::string_view& text) {
   bool const negative = text[0] == '-';
   text.remove_prefix(1);
   return negative;
-}
-
-bool IsHexDigit(char c) {
-  return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-}
-
-// "0x" with a digit behind it, or a point and a digit.
-bool OpensHexadecimal(std::string_view text) {
-  if (text.size() < 3 || text[0] != '0' || (text[1] != 'x' && text[1] != 'X')) return false;
-  if (text[2] == '.') return text.size() > 3 && IsHexDigit(text[3]);
-  return IsHexDigit(text[2]);
-}
-
-// Whether a number that no f64 holds is too large for it; else it is too small.
-bool IsHuge(std::string_view number, std::chars_format format) {
-  const char* const marks = format == std::chars_format::hex ? "pP" : "eE";
-  std::size_t const exponentMark = number.find_first_of(marks);
-  std::string_view const digits = number.substr(0, exponentMark);
-  i64 exponent =
-      exponentMark == std::string_view::npos ? 0 : LongNumber(number.substr(exponentMark + 1));
-  exponent = std::clamp<i64>(exponent, -1000000, 1000000);
-  auto const point = static_cast<i64>(std::min(digits.find('.'), digits.size()));
-  std::size_t const first = digits.find_first_not_of("0.");
-  return first != std::string_view::npos && exponent + point - static_cast<i64>(first) > 0;
 }
 
 }  // namespace
@@ -91,20 +64,9 @@ i32 NumberAt(std::string_view text, std::size_t column) {
 f64 FloatNumber(std::string_view text) {
   text = BehindWhiteSpace(text);
   bool const negative = TakeSign(text);
-  if (text.empty() || text[0] == '-') return 0.0;
-  auto format = std::chars_format::general;
-  if (OpensHexadecimal(text)) {
-    format = std::chars_format::hex;
-    text.remove_prefix(2);
-  }
-  f64 value = 0.0;
-  auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, format);
-  if (error == std::errc::invalid_argument) return 0.0;
-  if (error == std::errc::result_out_of_range) {
-    std::string_view const number = text.substr(0, static_cast<std::size_t>(end - text.data()));
-    value = IsHuge(number, format) ? std::numeric_limits<f64>::infinity() : 0.0;
-  }
-  return negative ? -value : value;
+  std::optional<f64> const number = UnsignedFloat(text);
+  if (!number) return 0.0;
+  return negative ? -*number : *number;
 }
 
 i32 ParseDouble(std::string_view text, f64* result) {
@@ -150,22 +112,20 @@ i32 FormatHms(f32 seconds, char* text) {
   i32 const minutes = TruncateToI32(behindHours / 60.0);
   auto const rest = static_cast<f32>(behindHours - minutes * 60.0);
 
-  char fraction[64];
-  auto const [end, error] =
-      std::to_chars(fraction, fraction + sizeof fraction - 1, rest, std::chars_format::fixed, 1);
-  *end = '\0';
-  const char* const pad = end - fraction < 4 ? "0" : "";
+  char fraction[kOneDecimalRoom + 1];
+  std::size_t const length = WriteOneDecimal(rest, fraction);
+  fraction[length] = '\0';
+  const char* const pad = length < 4 ? "0" : "";
   std::snprintf(text, 32, hours < 24 ? "%02ld:%02ld:%s%s" : "%ld:%02ld:%s%s",
                 static_cast<long>(hours), static_cast<long>(minutes), pad, fraction);
   return 0;
 }
 
 void FormatVoltage(f64 value, char* text, std::size_t size) {
-  char digits[400];
-  auto const [end, error] =
-      std::to_chars(digits, digits + sizeof digits - 1, value, std::chars_format::fixed, 1);
-  *end = 'V';
-  CopyText(text, size, std::string_view(digits, static_cast<std::size_t>(end + 1 - digits)));
+  char digits[kOneDecimalRoom + 1];
+  std::size_t const length = WriteOneDecimal(value, digits);
+  digits[length] = 'V';
+  CopyText(text, size, std::string_view(digits, length + 1));
 }
 
 void CopyText(char* field, std::size_t size, std::string_view text) {

@@ -16,12 +16,12 @@ extern "C" {
 std::FILE* __real_fopen(const char* path, const char* mode);
 int __real_fclose(std::FILE* file);
 std::size_t __real_fread(void* target, std::size_t size, std::size_t count, std::FILE* file);
-int __real_fseek(std::FILE* file, long offset, int origin);
+int __real_fseeko(std::FILE* file, off_t offset, int origin);
 
 std::FILE* __wrap_fopen(const char* path, const char* mode);
 int __wrap_fclose(std::FILE* file);
 std::size_t __wrap_fread(void* target, std::size_t size, std::size_t count, std::FILE* file);
-int __wrap_fseek(std::FILE* file, long offset, int origin);
+int __wrap_fseeko(std::FILE* file, off_t offset, int origin);
 
 std::FILE* __wrap_fopen(const char* path, const char* mode) {
   std::FILE* const file = __real_fopen(path, mode);
@@ -39,9 +39,9 @@ std::size_t __wrap_fread(void* target, std::size_t size, std::size_t count, std:
   return __real_fread(target, size, count, file);
 }
 
-int __wrap_fseek(std::FILE* file, long offset, int origin) {
+int __wrap_fseeko(std::FILE* file, off_t offset, int origin) {
   ++streamCalls;
-  return __real_fseek(file, offset, origin);
+  return __real_fseeko(file, offset, origin);
 }
 
 }  // extern "C"

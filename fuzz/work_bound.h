@@ -12,7 +12,7 @@
 namespace fuzz {
 
 struct Work {
-  std::uint64_t streamCalls;   // fread and fseek
+  std::uint64_t streamCalls;   // fread and fseeko
   std::int64_t filesOpen;      // fopen less fclose
   std::int64_t processorTime;  // nanoseconds of this thread
 };

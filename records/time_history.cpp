@@ -1,3 +1,4 @@
+#include <bit>
 #include <cmath>
 #include <cstddef>
 #include <cstring>
@@ -153,7 +154,9 @@ class StreamCall {
   // A byte of a sample, by its place in the file.
   template <class Bytes>
   static u32 ByteOf(Bytes sample, int place) {
-    return (u32{sample} >> (8 * place)) & 0xFF;
+    constexpr bool kLowestFirst = std::endian::native == std::endian::little;
+    int const fromLowest = kLowestFirst ? place : static_cast<int>(sizeof sample) - 1 - place;
+    return (u32{sample} >> (8 * fromLowest)) & 0xFF;
   }
 
   // Adds the period of each sample taken.

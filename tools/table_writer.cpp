@@ -37,7 +37,10 @@ std::string Quoted(const std::string& text) {
 }  // namespace
 
 void WriteTable(const std::vector<Record>& records, std::ostream& out) {
-  out << "// Written by field_table from api/include/qvslm_records.h.\n"
+  out << "// Written by field_table from api/include/qvslm_records.h; `cmake --build BUILD "
+         "--target\n"
+         "// update_generated` writes it anew.\n"
+         "// clang-format off\n"
          "#pragma once\n\n"
          "#include \"record_info.h\"\n\n"
          "namespace record_fields {\n\n";

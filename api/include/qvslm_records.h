@@ -4,8 +4,8 @@
  * One struct for each kind of output record, for the text header and for the census. The first field
  * of an output record, RecordType, says which struct the host's buffer holds. Code 1 stands for two of
  * them, told apart by the file's mode: QvBandInterval in mode 4, that of a model 442 file whose mode
- * line (HeaderLine6 of QvFileHeaderInfo) begins with "RTA"; else QvInterval. All numbers are
- * little-endian and all fields naturally aligned, with every gap a field of its own;
+ * line (HeaderLine6 of QvFileHeaderInfo) begins with "RTA"; else QvInterval. All numbers are in the
+ * byte order of the machine and all fields naturally aligned, with every gap a field of its own;
  * qvslm_layout.h, which qvslmtranslate.h includes, has the compiler prove it.
  *
  * The comment behind a field begins with what it holds:

@@ -79,15 +79,16 @@
 #include "qvslm_layout.h"
 #include "qvslm_records.h"
 
+/* How the calls are found and called. On Windows a host that links the static library defines
+ * QVSLMTRANSLATE_STATIC. */
 #if defined(_WIN32)
-#if defined(QVSLMTRANSLATE_BUILD)
-#define QV_EXPORT __declspec(dllexport)
-#elif defined(QVSLMTRANSLATE_STATIC)
-#define QV_EXPORT
+#define QV_CALL __cdecl
 #else
-#define QV_EXPORT __declspec(dllimport)
+#define QV_CALL
 #endif
-#elif defined(__GNUC__)
+#if defined(_WIN32) && !defined(QVSLMTRANSLATE_STATIC)
+#define QV_EXPORT __declspec(dllimport)
+#elif defined(__GNUC__) && !defined(_WIN32)
 #define QV_EXPORT __attribute__((visibility("default")))
 #else
 #define QV_EXPORT
@@ -158,13 +159,13 @@ typedef enum QvRecordCode {
 } QvRecordCode;
 
 /** Bytes that a context needs: always 9984. */
-QV_EXPORT uint32_t QV_GetBufferSize(void);
+QV_EXPORT uint32_t QV_CALL QV_GetBufferSize(void);
 
 /** The version of the translation: always 323. */
-QV_EXPORT uint32_t QV_TranVersion(void);
+QV_EXPORT uint32_t QV_CALL QV_TranVersion(void);
 
 /** The same number as QV_TranVersion. */
-QV_EXPORT uint32_t QV_TranVersionEx(void);
+QV_EXPORT uint32_t QV_CALL QV_TranVersionEx(void);
 
 /**
  * Walks a whole file and counts the records that its translation will deliver, and establishes the
@@ -188,8 +189,8 @@ QV_EXPORT uint32_t QV_TranVersionEx(void);
  *                      item stands there that a walk cannot get past.
  * QV_RECORD_TOO_SHORT  an event or a setup ended before its last field.
  */
-QV_EXPORT int32_t QV_GetRecordCount(const char* path, void* context, QvRecordCensus* census,
-                                    void* record);
+QV_EXPORT int32_t QV_CALL QV_GetRecordCount(const char* path, void* context, QvRecordCensus* census,
+                                            void* record);
 
 /**
  * Starts the translation of a file: resets the context, opens the file, reads the text header,
@@ -215,7 +216,7 @@ QV_EXPORT int32_t QV_GetRecordCount(const char* path, void* context, QvRecordCen
  *                      bytes behind the header.
  * QV_NO_MEMORY         model 442: no memory for the scan.
  */
-QV_EXPORT int32_t QV_StartTranslate(const char* path, void* context);
+QV_EXPORT int32_t QV_CALL QV_StartTranslate(const char* path, void* context);
 
 /**
  * Makes one step: takes one item of the file, or a stretch of a stream, and delivers at most one
@@ -272,7 +273,7 @@ QV_EXPORT int32_t QV_StartTranslate(const char* path, void* context);
  *
  * QvWalkNext in qvslm_walk.h goes by them.
  */
-QV_EXPORT int32_t QV_TranslateNextRec(void* record, void* context);
+QV_EXPORT int32_t QV_CALL QV_TranslateNextRec(void* record, void* context);
 
 /**
  * The head of a context. It is valid behind QV_StartTranslate and QV_TranslateNextRec. Behind a start the
@@ -304,7 +305,7 @@ static inline int32_t QvMode(const void* context) {
  * Closes the file of the context that was named last to any call, if it is open. Without such a
  * context it does nothing. The context must still exist.
  */
-QV_EXPORT void QV_StopTranslate(void);
+QV_EXPORT void QV_CALL QV_StopTranslate(void);
 
 /**
  * Reads the text lines at the head of a file, and closes it again. Fills model, mode, firmware
@@ -320,7 +321,8 @@ QV_EXPORT void QV_StopTranslate(void);
  * QV_SEEK_FAILED     there is no first line, or one that no data file begins with.
  * QV_NO_TEXT_HEADER  the settings form; title lines are filled in.
  */
-QV_EXPORT int32_t QV_ReadFileHeader(const char* path, void* context, QvFileHeaderInfo* info);
+QV_EXPORT int32_t QV_CALL QV_ReadFileHeader(const char* path, void* context,
+                                            QvFileHeaderInfo* info);
 
 /**
  * Looks up what instrument wrote a file, without translating it. Opens and closes the file.
@@ -340,8 +342,8 @@ QV_EXPORT int32_t QV_ReadFileHeader(const char* path, void* context, QvFileHeade
  * QV_NOT_FOUND       the file ended on the way.
  * QV_NO_TEXT_HEADER  the serial number is empty.
  */
-QV_EXPORT int32_t QV_ReadFileSN(const char* path, void* context, uint16_t* model, char* serial,
-                                float* firmware);
+QV_EXPORT int32_t QV_CALL QV_ReadFileSN(const char* path, void* context, uint16_t* model,
+                                        char* serial, float* firmware);
 
 /**
  * Looks up how many sites a file holds: register 157 of its first 'Q' line with that number. Opens
@@ -355,7 +357,7 @@ QV_EXPORT int32_t QV_ReadFileSN(const char* path, void* context, uint16_t* model
  * QV_NO_ARGUMENT     context is null; nothing was done.
  * QV_NO_TEXT_HEADER  there is no such line, or its number is below 1.
  */
-QV_EXPORT int32_t QV_ReadSiteNum(const char* path, void* context, int16_t* count);
+QV_EXPORT int32_t QV_CALL QV_ReadSiteNum(const char* path, void* context, int16_t* count);
 
 /**
  * Seconds of a date and a time of day in text, by the host's time zone.
@@ -371,7 +373,7 @@ QV_EXPORT int32_t QV_ReadSiteNum(const char* path, void* context, int16_t* count
  * Returns seconds since 1970-01-01 00:00 UTC; 0 when the date cannot be converted or the format is
  * none of these. A stamp in the hour that a clock change repeats is standard time.
  */
-QV_EXPORT uint32_t TX_DateToSecs(const char* date, const char* time, int16_t format);
+QV_EXPORT uint32_t QV_CALL TX_DateToSecs(const char* date, const char* time, int16_t format);
 
 /**
  * The date and the time of day in text, in standard time of the host's zone also in summer.
@@ -390,7 +392,8 @@ QV_EXPORT uint32_t TX_DateToSecs(const char* date, const char* time, int16_t for
  *
  * A null date or time is passed over; null seconds do nothing.
  */
-QV_EXPORT void TX_SecsToDate(const int32_t* seconds, char* date, char* time, int16_t format);
+QV_EXPORT void QV_CALL TX_SecsToDate(const int32_t* seconds, char* date, char* time,
+                                     int16_t format);
 
 #ifdef __cplusplus
 }

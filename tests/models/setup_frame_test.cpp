@@ -171,7 +171,8 @@ TEST(SetupFrame, ShortBlockIsDeliveredWithZerosAndItsStatus) {
     RecordImage image =
         NumberedSetupImage(row.Code, row.Model, row.Mode, row.Code == 53 ? 316 : 304);
     image.U16(2, 0);
-    if (row.Code == 63) image.U16(60, 0);  // position 75 in this form
+    if (row.Code == 63) image.U16(60, 0);            // position 75 in this form
+    if (row.Code == 70) image.U8(60, 41).U8(61, 0);  // two bytes in this form
     if (row.Code == 53) image.Untouched(304, 2).Untouched(313, 3);
     ExpectNoLevel(image, row.Code);
     ExpectZeroTexts(image, row.Code);

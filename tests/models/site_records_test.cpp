@@ -128,7 +128,7 @@ TEST(Site, TheRecordsBehindCarryTheNewNumber) {
                               .EndOfData());
     ASSERT_EQ(run.Codes(), (std::vector<int>{7, code, 5, code, 5, 15}));
     // The number stands at offset 2 of every record.
-    auto const site = [&](std::size_t index) { return run.Records()[index].record[2]; };
+    auto const site = [&](std::size_t index) { return run.As<QvLevelMark>(index).SiteNumber; };
     EXPECT_EQ(site(1), 7);
     EXPECT_EQ(site(2), 33);
     EXPECT_EQ(site(3), 33);

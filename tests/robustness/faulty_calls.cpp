@@ -12,8 +12,8 @@ extern "C" {
 std::FILE* __real_fopen(const char* path, const char* mode);
 int __real_setvbuf(std::FILE* file, char* buffer, int mode, std::size_t size);
 std::size_t __real_fread(void* target, std::size_t size, std::size_t count, std::FILE* file);
-int __real_fseek(std::FILE* file, long offset, int from);
-long __real_ftell(std::FILE* file);
+int __real_fseeko(std::FILE* file, off_t offset, int from);
+off_t __real_ftello(std::FILE* file);
 char* __real_fgets(char* text, int size, std::FILE* file);
 int __real_fgetc(std::FILE* file);
 int __real_ferror(std::FILE* file);
@@ -26,7 +26,7 @@ void __real_free(void* block);
 namespace test {
 namespace {
 
-constexpr std::string_view kNames[] = {"fopen", "setvbuf", "fread",  "fseek", "ftell",
+constexpr std::string_view kNames[] = {"fopen", "setvbuf", "fread",  "fseeko", "ftello",
                                        "fgets", "fgetc",   "fclose", "malloc"};
 constexpr std::size_t kCalls = std::size(kNames);
 
@@ -129,12 +129,12 @@ std::size_t __wrap_fread(void* target, std::size_t size, std::size_t count, std:
   return __real_fread(target, size, less, file);
 }
 
-int __wrap_fseek(std::FILE* file, long offset, int from) {
-  return test::Struck(CCall::Seek) ? -1 : __real_fseek(file, offset, from);
+int __wrap_fseeko(std::FILE* file, off_t offset, int from) {
+  return test::Struck(CCall::Seek) ? -1 : __real_fseeko(file, offset, from);
 }
 
-long __wrap_ftell(std::FILE* file) {
-  return test::Struck(CCall::Tell) ? -1 : __real_ftell(file);
+off_t __wrap_ftello(std::FILE* file) {
+  return test::Struck(CCall::Tell) ? -1 : __real_ftello(file);
 }
 
 char* __wrap_fgets(char* text, int size, std::FILE* file) {

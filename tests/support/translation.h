@@ -29,10 +29,17 @@ samples::DataFile Model442(std::string_view modeTag, std::string_view firmware =
 // data: room for the tail, and for model 442 a results block with register 106 (the level offset).
 std::string Startable(const samples::DataFile& file, std::string_view levelOffset442 = "0.0");
 
+// The type code of a record: its first field.
+inline int CodeOf(const std::uint8_t* record) {
+  std::uint16_t code = 0;
+  std::memcpy(&code, record, sizeof code);
+  return code;
+}
+
 struct Step {
   int status;
   std::vector<std::uint8_t> record;  // all bytes of the host's buffer behind the step
-  int Code() const { return record[0] + 256 * record[1]; }
+  int Code() const { return CodeOf(record.data()); }
 };
 
 // A context and an output record, and the calls on them.
@@ -45,7 +52,7 @@ class Session {
   int Census(const std::string& path);
   void* Context() const { return context_.Data(); }
   std::uint8_t* Record() const { return record_.Data(); }
-  int Code() const { return record_.Data()[0] + 256 * record_.Data()[1]; }
+  int Code() const { return CodeOf(record_.Data()); }
   const QvRecordCensus& Counts() const { return census_; }
   template <class T>
   T As() const {

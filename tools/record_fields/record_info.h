@@ -1,7 +1,7 @@
 // What the field table tells of the records: one RecordInfo for each struct of
 // api/include/qvslm_records.h, one FieldInfo for each of its fields.
 //
-// The tables themselves are written by field_table into record_table.h in the build tree:
+// The tables themselves are written by field_table into record_table.h:
 //
 //   for (const RecordInfo& record : record_fields::kRecords)
 //     for (const FieldInfo& field : record.fields) ...
