@@ -206,7 +206,6 @@ WalkedFile WalkToEnd(const char* path, std::size_t fileSize, Counting counting) 
   bool whole = walk.Whole != 0;
   std::int32_t offset = 0;
   while (walk.End == QV_WALK_GOES_ON) {
-    walk.Code = QV_NO_RECORD;
     QvWalkStep(&walk);
     ++walked.steps;
     Expect(walked.steps <= fileSize + 1,
