@@ -178,7 +178,6 @@ class CutSample {
   bool Step(std::size_t size) {
     if (walk_.End != QV_WALK_GOES_ON) return false;
     std::size_t const before = Place();
-    walk_.Code = QV_NO_RECORD;
     QvWalkStep(&walk_);
     if (++steps_ > size + 1) ADD_FAILURE() << steps_ << " steps over " << size << " bytes";
     if (Place() < before) ADD_FAILURE() << "back from " << before << " to " << Place();
