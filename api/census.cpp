@@ -33,8 +33,8 @@ i32 Walk() {
   return framed < 0 ? framed : KeepFilePosition();
 }
 
-// Passes a framed item and those of its type that follow it, and counts them in the context and in the
-// census.
+// Passes a framed item and those of its type that follow it, and counts them in the context and in
+// the census.
 i32 WalkFamily(u32 type, u32& countInContext, u32& countInCensus) {
   ++countInContext;
   ++countInCensus;

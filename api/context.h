@@ -58,8 +58,8 @@ struct TranslateContext {
   // Record in hand.
   void* Output;
   u8* RawRecordCopy;
-  // Whether the last block read came whole. A short block is no error; streams and lists ask, to count
-  // what they used of it behind the end of the file.
+  // Whether the last block read came whole. A short block is no error; streams and lists ask, to
+  // count what they used of it behind the end of the file.
   u32 BytesRead;
   i32 RecordPos;
   u32 RecordLength;

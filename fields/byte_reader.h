@@ -46,8 +46,8 @@ std::size_t ReadRecordBlock(u32 count);
 // FileOffset, which stands behind what the step has used.
 void CountBytesBehindFile();
 
-// Reads length and body of an item to RecordLength and RecordBuffer. A length above kLongestRecord is
-// left at that, without a body.
+// Reads length and body of an item to RecordLength and RecordBuffer. A length above kLongestRecord
+// is left at that, without a body.
 void ReadItem();
 // The same for an item that the window does not hold whole, with a count of what the file lacks.
 void ReadItemAcrossWindows();

@@ -1,5 +1,5 @@
-// Items that the end of the file may cut. Apart from the byte reader, so that compilers do not put in place
-// there what hardly ever runs.
+// Items that the end of the file may cut. Apart from the byte reader, so that compilers do not put
+// in place there what hardly ever runs.
 
 #include "fields/byte_reader.h"
 #include "fields/data_file.h"

@@ -115,8 +115,8 @@ bool SeekStream(i64 offset, int origin) {
   return reached;
 }
 
-// Goes on behind the window, in one that holds the bytes there already, as after a step back, or in one
-// that is filled with them. False at the end of the file.
+// Goes on behind the window, in one that holds the bytes there already, as after a step back, or in
+// one that is filled with them. False at the end of the file.
 bool Refill() {
   if (Reading.file == nullptr) return false;
   i64 const position = Reading.limitOffset;
@@ -130,7 +130,8 @@ bool Refill() {
   ReadFrom(inUse, position);
   streamPosition = Reading.limitOffset;
   if (window.size == 0) {
-    // Where searches come to the end of the file again and again, they leave no window behind there.
+    // Where searches come to the end of the file again and again, they leave no window behind
+    // there.
     if (endMet == position) window.lastUse = 0;
     endMet = position;
   }
@@ -176,7 +177,8 @@ i32 SeekElsewhere(i64 offset) {
   return 0;
 }
 
-// The walk that follows a look at the end begins with a seek of its own, not with one within a step.
+// The walk that follows a look at the end begins with a seek of its own, not with one within a
+// step.
 i32 SeekFromEnd(i64 distance) {
   UseFile();
   for (Window& window : windows) window.size = 0;

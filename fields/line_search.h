@@ -9,15 +9,16 @@
 
 namespace qvslm {
 
-// Reads lines until one opens with the letter; that line, or none at the end of the file. The text is
-// left as if each line had been read into it.
+// Reads lines until one opens with the letter; that line, or none at the end of the file. The text
+// is left as if each line had been read into it.
 LineRead ReadLineThatOpens(char letter, char* text, std::size_t size);
 
 // A line as far as its first line feed or carriage return.
 std::string_view WithoutLineEnd(std::string_view line);
 
-// Reads the lines of a block whose lines open with the letter, until one holds the register or is not
-// of the block; that line, or what came before the end of the file. Of the text only that line counts.
+// Reads the lines of a block whose lines open with the letter, until one holds the register or is
+// not of the block; that line, or what came before the end of the file. Of the text only that line
+// counts.
 LineRead ReadPastRegisters(char letter, i32 number, char* text, std::size_t size);
 
 }  // namespace qvslm

@@ -35,7 +35,8 @@ Calendar FromBrokenDown(const std::tm& stamp) {
           stamp.tm_year, stamp.tm_wday, stamp.tm_yday, stamp.tm_isdst};
 }
 
-// How often the zone is asked for single stamps. A file with stamps of more days goes by whole years.
+// How often the zone is asked for single stamps. A file with stamps of more days goes by whole
+// years.
 constexpr int kMostAsked = 1200;
 int asked = 0;
 

@@ -1,10 +1,10 @@
 // The host's clock and time zone: the only door to them.
 //
-// Conversions repeat for thousands of stamps of one day, so LocalSeconds remembers days whose first and
-// last second it has found to lie in one stretch of the zone, and adds hours, minutes and seconds; on
-// the days on which the clock changes it does so by the hour. ForgetLocalTime empties that memory. The
-// census, the start, the header reader and TX_DateToSecs do so first, so that a host may change its
-// zone between files.
+// Conversions repeat for thousands of stamps of one day, so LocalSeconds remembers days whose first
+// and last second it has found to lie in one stretch of the zone, and adds hours, minutes and
+// seconds; on the days on which the clock changes it does so by the hour. ForgetLocalTime empties
+// that memory. The census, the start, the header reader and TX_DateToSecs do so first, so that a
+// host may change its zone between files.
 #pragma once
 
 #include "api/context.h"
@@ -33,8 +33,9 @@ inline Calendar ClearedCalendar() {
 
 void ForgetLocalTime();
 
-// The zone's own answer, by a daylight flag of 0 or 1: seconds since 1970 and the stamp they have there,
-// fields in range. False where it has none; seconds are -1 and the stamp stays then, with the flag.
+// The zone's own answer, by a daylight flag of 0 or 1: seconds since 1970 and the stamp they have
+// there, fields in range. False where it has none; seconds are -1 and the stamp stays then, with
+// the flag.
 bool AskZone(Calendar& calendar, i32 flag, i64& seconds);
 
 // Seconds since 1970-01-01 00:00 UTC of a local stamp, or -1 where 32 bits do not hold them; fields

@@ -82,8 +82,8 @@ void LearnUnit(Lesson& lesson, i32 from, i32 length) {
   for (i32 at = 0; at < length; at += part) LearnUnit(lesson, from + at, part);
 }
 
-// Days far from a change of the zone. Stamps read against the zone's flag go by the time next to them
-// that has it, which may be another one for later days.
+// Days far from a change of the zone. Stamps read against the zone's flag go by the time next to
+// them that has it, which may be another one for later days.
 void LearnQuietDays(Lesson& lesson, i32 from, i32 until) {
   Stretch const start = Ask(lesson, from * kSecondsOfDay);
   bool alike = Ask(lesson, until * kSecondsOfDay - 1).IsLike(start);

@@ -1,9 +1,10 @@
-// What the zone makes of the stamps of whole years, for files with stamps of many days: learned once
-// for each year and daylight flag, by a number of questions to the zone that no file can raise.
+// What the zone makes of the stamps of whole years, for files with stamps of many days: learned
+// once for each year and daylight flag, by a number of questions to the zone that no file can
+// raise.
 //
 // A year is taken apart into stretches in which local time and seconds go alike. Between changes of
-// the zone a few stamps a year are asked for; around them whole days where their first and last second
-// go alike, else hours, minutes, seconds. ForgetLocalTime empties the memory.
+// the zone a few stamps a year are asked for; around them whole days where their first and last
+// second go alike, else hours, minutes, seconds. ForgetLocalTime empties the memory.
 #pragma once
 
 #include "api/context.h"
@@ -14,7 +15,8 @@ namespace qvslm {
 // zones that go on changing do so by a rule on weekdays.
 inline constexpr i32 kYearsKept = 656;
 
-// An instant as the zone has it. Where it has none, seconds are -1 and the flag is the one asked for.
+// An instant as the zone has it. Where it has none, seconds are -1 and the flag is the one asked
+// for.
 struct LocalInstant {
   i64 seconds;
   i32 flag;  // resolved
@@ -23,7 +25,8 @@ struct LocalInstant {
   i32 ahead;  // all this holds for so many seconds more
 };
 
-// Of a second of a kept year, as a daylight flag of 0 or 1 reads it. False where the memory has no room.
+// Of a second of a kept year, as a daylight flag of 0 or 1 reads it. False where the memory has no
+// room.
 bool FindInYear(i32 year, i32 secondOfYear, i32 flag, LocalInstant& result);
 
 void ForgetLocalYears();

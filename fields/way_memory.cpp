@@ -30,8 +30,8 @@ u32 pointCount = 0;
 u32 linkCount = 0;
 i64 stretch = kFirstStretch;
 
-// The search in hand: points whose way has not ended, in their order, and the steps that no later one
-// has written over, by what they leave.
+// The search in hand: points whose way has not ended, in their order, and the steps that no later
+// one has written over, by what they leave.
 struct Step {
   WayPoint point;
   u32 reach;

@@ -1,17 +1,17 @@
 // What searches through the file have seen, so that one that comes to a known place need not go the
 // rest of the way again.
 //
-// A search goes from point to point, and where it goes from a point follows from the bytes there and
-// from the kind of the search alone. So two searches of one kind that meet go on alike. The memory
-// keeps points of ways, where each way ended, and which of its steps must be taken again to leave
-// behind what the whole way would have left: in RecordBuffer, or in a text, bytes of a step stay
-// unless a later one was at least as long.
+// A search goes from point to point, and where it goes from a point follows from the bytes there
+// and from the kind of the search alone. So two searches of one kind that meet go on alike. The
+// memory keeps points of ways, where each way ended, and which of its steps must be taken again to
+// leave behind what the whole way would have left: in RecordBuffer, or in a text, bytes of a step
+// stay unless a later one was at least as long.
 //
-// Points are kept of ways of some length only, one in a stretch of the file, and stretches grow when
-// the memory is full: then all is forgotten. It is the memory of the file in hand and is emptied with
-// the windows, when a file is opened, closed, or exchanged for another one. Its loss changes no
-// result. In a file that changes meanwhile a search may miss what came into a way that it had gone;
-// what stood at the way's end is always read anew.
+// Points are kept of ways of some length only, one in a stretch of the file, and stretches grow
+// when the memory is full: then all is forgotten. It is the memory of the file in hand and is
+// emptied with the windows, when a file is opened, closed, or exchanged for another one. Its loss
+// changes no result. In a file that changes meanwhile a search may miss what came into a way that
+// it had gone; what stood at the way's end is always read anew.
 #pragma once
 
 #include <cstddef>

@@ -9,8 +9,8 @@
 
 namespace {
 
-// The walk over the input with a census, and over a cut of it. The cut goes without one first, by the
-// daylight span of the input: the span that its own census finds may be another.
+// The walk over the input with a census, and over a cut of it. The cut goes without one first, by
+// the daylight span of the input: the span that its own census finds may be another.
 void Walk(fuzz::FuzzedFile& file, std::span<const std::uint8_t> bytes) {
   using fuzz::Counting;
   fuzz::WalkedFile const whole = fuzz::WalkToEnd(file.Path(), bytes.size(), Counting::CensusFirst);

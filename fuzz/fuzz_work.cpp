@@ -1,5 +1,6 @@
-// The work of a census and of a whole walk over files of up to 1 MiB, in which a few parts of the input
-// stand again and again: what a search costs that each of them sets off shows in long files alone.
+// The work of a census and of a whole walk over files of up to 1 MiB, in which a few parts of the
+// input stand again and again: what a search costs that each of them sets off shows in long files
+// alone.
 
 #include <algorithm>
 #include <string>
@@ -63,7 +64,8 @@ void Census(const char* path, std::size_t size) {
   });
 }
 
-// A walk that stands still at a place of the file ends here after as many steps as the file has bytes.
+// A walk that stands still at a place of the file ends here after as many steps as the file has
+// bytes.
 void Walk(const char* path, std::size_t size) {
   static test::GuardedBuffer context(kContextSize);
   static test::GuardedBuffer record(QV_OUTPUT_RECORD_SIZE);

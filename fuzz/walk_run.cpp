@@ -79,8 +79,9 @@ int NumberBehind(std::string_view text, std::size_t at) {
   return number;
 }
 
-// Whether a file of model 442 has one level offset in whatever cut has one at all: one results block,
-// and one line 106 behind its opening, with no line feed before the last character of its value.
+// Whether a file of model 442 has one level offset in whatever cut has one at all: one results
+// block, and one line 106 behind its opening, with no line feed before the last character of its
+// value.
 bool HasOneLevelOffset(std::string_view text) {
   std::size_t const block = text.find(kResultsBlock442);
   if (block == std::string_view::npos) return true;
@@ -235,8 +236,8 @@ void ExpectPrefix(const WalkedFile& input, std::span<const std::uint8_t> bytes,
                   const WalkedFile& cut, std::size_t cutSize) {
   std::string_view const text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   Expect(cutSize <= text.size(), "a cut file is no longer");
-  // The look at the tail of the input fails, as it can in files of a few kilobytes whose lines lead it
-  // back behind their start.
+  // The look at the tail of the input fails, as it can in files of a few kilobytes whose lines lead
+  // it back behind their start.
   if (input.end == QV_WALK_NOT_STARTED) return;
   if (OpensLikeModel442(text) && !HasOneLevelOffset(text)) return;
   Comparison(input, text, cut).Run();

@@ -30,11 +30,12 @@ struct WalkedFile {
 enum class Counting { None, CensusFirst };
 
 // Walks the file to its end and holds the walk to its promises: it ends within as many steps as the
-// file has bytes, and one more; it never goes back; once a record is not whole, none is; its records
-// are those of the calls that it makes.
+// file has bytes, and one more; it never goes back; once a record is not whole, none is; its
+// records are those of the calls that it makes.
 WalkedFile WalkToEnd(const char* path, std::size_t fileSize, Counting counting);
 
-// Walks the cut file too, and holds its whole records against those of the input that it was cut from.
+// Walks the cut file too, and holds its whole records against those of the input that it was cut
+// from.
 void ExpectPrefix(const WalkedFile& input, std::span<const std::uint8_t> bytes,
                   const WalkedFile& cut, std::size_t cutSize);
 

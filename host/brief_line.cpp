@@ -27,8 +27,8 @@ bool IsDecibels(const FieldInfo& field) {
   return field.kind == FieldKind::Level || field.kind == FieldKind::Decibels;
 }
 
-// In a measurement a code, a count and a level may be 0; a length of time, a share or the value of a
-// channel that is 0 was not measured.
+// In a measurement a code, a count and a level may be 0; a length of time, a share or the value of
+// a channel that is 0 was not measured.
 bool TellsZero(const FieldInfo& field, const RecordInfo& info) {
   if (IsRegisterList(info) || field.comment.starts_with("always 0")) return false;
   return field.type != FieldType::F32 || IsDecibels(field);

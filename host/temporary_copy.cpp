@@ -25,7 +25,8 @@ namespace {
 std::array<char, PATH_MAX> pathInUse{};
 std::array<char, PATH_MAX> folderInUse{};
 
-// The signal ends the program as ever, but leaves no copy behind. Calls only what a handler may call.
+// The signal ends the program as ever, but leaves no copy behind. Calls only what a handler may
+// call.
 void RemoveCopyAndEnd(int signal) {
   unlink(pathInUse.data());
   rmdir(folderInUse.data());

@@ -1,4 +1,5 @@
-// The walk through a file, from the start of the translation to its end, with what is said about it.
+// The walk through a file, from the start of the translation to its end, with what is said about
+// it.
 #pragma once
 
 #include <cstdint>
@@ -22,8 +23,8 @@ struct WalkResult {
   std::uint64_t records = 0;  // shown
 };
 
-// Shows each record to the visitor, the end record too; what the walk tells of it stands in State() of
-// the translation. Ends when visit returns false. Faults are reported on stderr.
+// Shows each record to the visitor, the end record too; what the walk tells of it stands in State()
+// of the translation. Ends when visit returns false. Faults are reported on stderr.
 WalkResult Walk(Translation& translation, const InputFile& file, const WalkOptions& options,
                 Progress& progress, const std::function<bool()>& visit);
 

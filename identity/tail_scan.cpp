@@ -57,8 +57,8 @@ std::size_t FindResultsBlock(std::string_view text) {
   return found == 0 ? std::string_view::npos : found;
 }
 
-// The registers behind the block's start. Every 'R' counts; the number behind it decides. A level offset
-// at the very end of the file may have had more digits.
+// The registers behind the block's start. Every 'R' counts; the number behind it decides. A level
+// offset at the very end of the file may have had more digits.
 bool TakeRegisters(std::string_view text, std::size_t from, bool endsWithFile) {
   bool stopSeen = false;
   bool offsetSeen = false;

@@ -6,8 +6,8 @@
 
 namespace qvslm {
 
-// Moves FileOffset behind the block in hand, and counts what the file does not have of it. False where
-// no offset reaches.
+// Moves FileOffset behind the block in hand, and counts what the file does not have of it. False
+// where no offset reaches.
 bool PassBlock();
 
 // Reads the next block to see whether the list goes on; at the end mark the list is over, and

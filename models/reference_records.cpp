@@ -40,8 +40,8 @@ void TakeLevelOffset(std::string_view line) {
   CurrentContext->LevelOffset = static_cast<f32>(offset);
 }
 
-// Register 106 of the next results block. A last line without a line end reaches the end of the file
-// and counts no more.
+// Register 106 of the next results block. A last line without a line end reaches the end of the
+// file and counts no more.
 void LookAheadForLevelOffset() {
   char text[321] = "";
   LineRead line = ReadLineThatOpens('R', text, sizeof text);
@@ -49,7 +49,8 @@ void LookAheadForLevelOffset() {
     line = ReadPastRegisters('R', kLevelOffsetRegister, text, sizeof text);
   }
   if (line.complete && text[0] == 'R') return TakeLevelOffset(WithoutLineEnd(text));
-  // The file ended before the block, or within it: the levels of all that follows lack their offset.
+  // The file ended before the block, or within it: the levels of all that follows lack their
+  // offset.
   if (!line.complete && (!line || text[0] == 'R')) NoteBytesMissing(1);
 }
 

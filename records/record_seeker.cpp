@@ -158,8 +158,8 @@ void PassAgain(WayPoint point) {
   }
 }
 
-// Notes a step that any walk of the kind would take, and ends the way where one would not, where the
-// file ends, and where an offset cannot tell the position.
+// Notes a step that any walk of the kind would take, and ends the way where one would not, where
+// the file ends, and where an offset cannot tell the position.
 void NoteStep(Way& way, WayPoint from, u32 type, bool passed) {
   const TranslateContext& context = *CurrentContext;
   bool const line = type == 'R';
@@ -221,8 +221,8 @@ i32 SeekRecord(u32 family, u32 wanted) {
     status = PassItem(walk, ReadType());
   } while (status >= 0 && !walk.IsInStream() && !walk.IsAtWanted() && ++turns < kNear);
   if (status >= 0 && !walk.IsAtWanted()) status = WalkFar(walk);
-  // A record that the file does not hold to its end counts as one byte that is missing. Where the data
-  // ended before it, nothing is, whatever was read behind that end.
+  // A record that the file does not hold to its end counts as one byte that is missing. Where the
+  // data ended before it, nothing is, whatever was read behind that end.
   bool const cut = missing > missingBefore || status == QV_RECORD_TOO_SHORT;
   missing = missingBefore + (cut && status != QV_NOT_FOUND ? 1 : 0);
 

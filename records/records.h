@@ -26,7 +26,8 @@ i32 DecodeRec8();
 i32 DecodeStream();
 
 // The way across a stream without delivering it, a block at a time: from an entry of the block at
-// FileOffset, by its place there, to one of the next block, or behind the stream. FileOffset follows.
+// FileOffset, by its place there, to one of the next block, or behind the stream. FileOffset
+// follows.
 inline constexpr i32 kBehindStream = -1;
 i32 SkipStreamBlock(i32& entry);
 

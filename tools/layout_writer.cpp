@@ -6,12 +6,12 @@
 namespace field_table {
 namespace {
 
-// C99 has no assertion for compilers: there an array type of negative size stands for it, each under a
-// name of its own, for C99 allows no second definition of a type either.
+// C99 has no assertion for compilers: there an array type of negative size stands for it, each
+// under a name of its own, for C99 allows no second definition of a type either.
 constexpr const char* kHead = R"(/*
  * qvslm_layout.h: the place of every field of every record, and every record's size, proved by the
- * compiler that includes it; and the sizes by type code. Nothing else is declared here (in C99, which has
- * no assertions, names of types that begin with qv_layout_).
+ * compiler that includes it; and the sizes by type code. Nothing else is declared here (in C99, which
+ * has no assertions, names of types that begin with qv_layout_).
  *
  * Written by tools/field_table from qvslm_records.h; `cmake --build BUILD --target update_generated`
  * writes it anew.
@@ -35,7 +35,7 @@ constexpr const char* kHead = R"(/*
 )";
 
 constexpr const char* kSizes = R"(
-/** Bytes of the record that a type code stands for, of code 1 those of the larger of its two; else 0. */
+/** Bytes of the record that a type code stands for; of code 1 those of its larger one. Else 0. */
 static inline size_t QvRecordSize(uint16_t code) {
   /* A table: compilers put slow code for the known sizes of a switch in place. */
   static const uint16_t sizes[] = {

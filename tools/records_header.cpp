@@ -91,8 +91,9 @@ std::vector<Field> ReadFields(const std::string& structName, const std::string& 
   return fields;
 }
 
-// Places the fields one behind the other. Every field must be naturally aligned where it comes to lie,
-// and the record must end on its alignment: then no compiler has a reason to pad, and all agree.
+// Places the fields one behind the other. Every field must be naturally aligned where it comes to
+// lie, and the record must end on its alignment: then no compiler has a reason to pad, and all
+// agree.
 void PlaceFields(Record& record) {
   int next = 0;
   int alignment = 1;

@@ -1,4 +1,5 @@
-// Reads the structs of api/include/qvslm_records.h and the type codes of api/include/qvslmtranslate.h.
+// Reads the structs of api/include/qvslm_records.h and the type codes of
+// api/include/qvslmtranslate.h.
 #pragma once
 
 #include <map>

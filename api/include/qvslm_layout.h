@@ -1,7 +1,7 @@
 /*
  * qvslm_layout.h: the place of every field of every record, and every record's size, proved by the
- * compiler that includes it; and the sizes by type code. Nothing else is declared here (in C99, which has
- * no assertions, names of types that begin with qv_layout_).
+ * compiler that includes it; and the sizes by type code. Nothing else is declared here (in C99, which
+ * has no assertions, names of types that begin with qv_layout_).
  *
  * Written by tools/field_table from qvslm_records.h; `cmake --build BUILD --target update_generated`
  * writes it anew.
@@ -1757,7 +1757,7 @@ QV_AT(QvFileHeaderInfo, TitleLine1, 252);
 QV_AT(QvFileHeaderInfo, TitleLine2, 334);
 QV_AT(QvFileHeaderInfo, TitleLine3, 416);
 
-/** Bytes of the record that a type code stands for, of code 1 those of the larger of its two; else 0. */
+/** Bytes of the record that a type code stands for; of code 1 those of its larger one. Else 0. */
 static inline size_t QvRecordSize(uint16_t code) {
   /* A table: compilers put slow code for the known sizes of a switch in place. */
   static const uint16_t sizes[] = {

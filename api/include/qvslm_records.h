@@ -1,12 +1,12 @@
 /*
  * qvslm_records.h: the records that QVSLMTRANSLATE hands to its host.
  *
- * One struct for each kind of output record, for the text header and for the census. The first field
- * of an output record, RecordType, says which struct the host's buffer holds. Code 1 stands for two of
- * them, told apart by the file's mode: QvBandInterval in mode 4, that of a model 442 file whose mode
- * line (HeaderLine6 of QvFileHeaderInfo) begins with "RTA"; else QvInterval. All numbers are in the
- * byte order of the machine and all fields naturally aligned, with every gap a field of its own;
- * qvslm_layout.h, which qvslmtranslate.h includes, has the compiler prove it.
+ * One struct for each kind of output record, for the text header and for the census. The first
+ * field of an output record, RecordType, says which struct the host's buffer holds. Code 1 stands
+ * for two of them, told apart by the file's mode: QvBandInterval in mode 4, that of a model 442
+ * file whose mode line (HeaderLine6 of QvFileHeaderInfo) begins with "RTA"; else QvInterval. All
+ * numbers are in the byte order of the machine and all fields naturally aligned, with every gap a
+ * field of its own; qvslm_layout.h, which qvslmtranslate.h includes, has the compiler prove it.
  *
  * The comment behind a field begins with what it holds:
  *
@@ -54,9 +54,9 @@ typedef struct QvContextHead {
  * host what was there. Fields of a block that is absent are zero.
  *
  * IntervalFlags: 0x0004 auxiliary channels present (Aux0 to Aux2); 0x0008 Span1, Span2 and Byte3
- * present (on model 442 from firmware 3.6 on without Span1, and Span2 in its place); 0x0010 the second
- * auxiliary channel is enabled; 0x0100 Samples present; 0x0400 LevelC lies above the limit level of
- * register Q62 (a LevelC without a value counts as above); 0x0800 Table16 present; 0x1000
+ * present (on model 442 from firmware 3.6 on without Span1, and Span2 in its place); 0x0010 the
+ * second auxiliary channel is enabled; 0x0100 Samples present; 0x0400 LevelC lies above the limit
+ * level of register Q62 (a LevelC without a value counts as above); 0x0800 Table16 present; 0x1000
  * ThresholdOrLevel was read from the record.
  */
 typedef struct QvInterval {
@@ -608,8 +608,8 @@ typedef struct QvLevelMarkBands {
  * Code 11, from item 129: the bands of an interval.
  *
  * BandFlags 0x2000 marks the short form: it has BandsA, BandsB but for the last three entries,
- * OverallLevel, LevelPair1, Value and ShortByte. The long form (BandFlags 0) has BandsA, BandsB, BandsC
- * and OverallLevel. What a form has not is zero.
+ * OverallLevel, LevelPair1, Value and ShortByte. The long form (BandFlags 0) has BandsA, BandsB,
+ * BandsC and OverallLevel. What a form has not is zero.
  */
 typedef struct QvIntervalBands {
   uint16_t RecordType; /* 11 */

@@ -10,19 +10,19 @@
  *   QvWalkClose(&walk);
  *   if (!QvWalkWasWhole(&walk)) printf("%s\n", QvWalkWhy(&walk));
  *
- * The library itself steps on for as long as it is asked: a stream that the end of the file cuts goes
- * on with the bytes read last, an item that the file's mode knows no record for comes again and
- * again. The walk calls the same twelve functions, looks at the head of the context behind each step
- * (see qvslmtranslate.h for what it tells), and ends where the file does. It takes no more steps than
- * the file has bytes, and one more.
+ * The library itself steps on for as long as it is asked: a stream that the end of the file cuts
+ * goes on with the bytes read last, an item that the file's mode knows no record for comes again
+ * and again. The walk calls the same twelve functions, looks at the head of the context behind each
+ * step (see qvslmtranslate.h for what it tells), and ends where the file does. It takes no more
+ * steps than the file has bytes, and one more.
  *
- * A record is whole when the file holds every byte that it rests on. From the first step on that missed
- * one, records are not whole any more, also those that stand in the file themselves: the level offset
- * or the owner that they go by may be what is missing. They are delivered all the same, for a host that
- * wants them; most show only the whole ones. Those are the first records of the file as it was before
- * it was cut, but for times that come from the look at the file's tail (of block images, and the latest
- * one in the end record) and, in zones with daylight time, for a daylight span that the census found in
- * what is missing.
+ * A record is whole when the file holds every byte that it rests on. From the first step on that
+ * missed one, records are not whole any more, also those that stand in the file themselves: the
+ * level offset or the owner that they go by may be what is missing. They are delivered all the
+ * same, for a host that wants them; most show only the whole ones. Those are the first records of
+ * the file as it was before it was cut, but for times that come from the look at the file's tail
+ * (of block images, and the latest one in the end record) and, in zones with daylight time, for a
+ * daylight span that the census found in what is missing.
  *
  * Everything here is plain C99, and C++17, on the functions of qvslmtranslate.h alone.
  */
@@ -45,14 +45,13 @@ typedef enum QvWalkEnd {
   QV_WALK_NOT_STARTED, /* the start failed: Status tells why */
   QV_WALK_CUT,         /* the file ends before the end of its data */
   QV_WALK_UNREADABLE,  /* an item that no walk can pass, or a fault of the file: Status tells */
-  QV_WALK_STANDS_STILL /* an item that its mode knows no record for, or a list without a block length */
+  QV_WALK_STANDS_STILL /* an item its mode knows no record for, or a list without a block length */
 } QvWalkEnd;
 
-/** One walk. The host owns it and both buffers, and reads what stands here; QvWalk... functions write it. */
+/** One walk. The host owns it and both buffers, and reads what stands here. */
 typedef struct QvWalk {
   void* Context; /* QV_GetBufferSize() bytes, aligned to 8; the walk clears them */
-  void*
-      Record; /* QV_OUTPUT_RECORD_SIZE bytes, aligned to 4; the walk clears them, and the host lets them be */
+  void* Record;  /* QV_OUTPUT_RECORD_SIZE bytes, aligned to 4; cleared, not for hosts to write */
   int32_t CensusStatus; /* what QV_GetRecordCount returned; QV_OK without a census */
   int32_t Status;       /* what the start, then each step returned */
   QvWalkEnd End;        /* how the walk ended */
@@ -75,16 +74,16 @@ static inline void QvWalkNoteMissing(QvWalk* walk) {
 }
 
 /**
- * Opens a file for a walk. Clears the walk and the buffers, the context once more behind the census: what
- * that has read of the whole file does not get into the first records.
+ * Opens a file for a walk. Clears the walk and the buffers, the context once more behind the
+ * census: what that has read of the whole file does not get into the first records.
  *
  * path    as for QV_StartTranslate.
- * census  takes the counts of QV_GetRecordCount, which also finds the daylight span; null leaves the
- *         census out. The walk goes on whatever its status.
+ * census  takes the counts of QV_GetRecordCount, which also finds the daylight span; null leaves
+ *         the census out. The walk goes on whatever its status.
  *
- * Returns what QV_StartTranslate returned: the walk can begin at QV_OK and QV_NO_TEXT_HEADER, and has
- * ended at all others. A file of model 442 that is cut within the line of its level offset can be
- * started, but not walked: QvWalkNext gives nothing, and the walk has ended with QV_WALK_CUT.
+ * Returns what QV_StartTranslate returned: the walk can begin at QV_OK and QV_NO_TEXT_HEADER, and
+ * has ended at all others. A file of model 442 that is cut within the line of its level offset can
+ * be started, but not walked: QvWalkNext gives nothing, and the walk has ended with QV_WALK_CUT.
  */
 static inline int32_t QvWalkOpen(QvWalk* walk, const char* path, void* context, void* record,
                                  QvRecordCensus* census) {
@@ -117,8 +116,8 @@ static inline int32_t QvWalkOpen(QvWalk* walk, const char* path, void* context, 
   return walk->Status;
 }
 
-/* Whether a step gave nothing that the file holds: no record, or one of a stream or a list that begins
- * behind the end of the file. */
+/* Whether a step gave nothing that the file holds: no record, or one of a stream or a list that
+ * begins behind the end of the file. */
 static inline int QvWalkIsBehindFile(uint16_t code, int64_t moved, int64_t missing) {
   return moved == missing && (code == QV_NO_RECORD || code == QV_TIME_HISTORY ||
                               code == QV_TIMED_SPECTRUM || code == QV_FIELD_HISTORY);
@@ -160,8 +159,8 @@ static inline void QvWalkStep(QvWalk* walk) {
 }
 
 /**
- * Goes on to the next record, the end record included. Returns 1 with a record in hand, 0 when the walk
- * has ended. Steps without a record are passed over.
+ * Goes on to the next record, the end record included. Returns 1 with a record in hand, 0 when the
+ * walk has ended. Steps without a record are passed over.
  */
 static inline int QvWalkNext(QvWalk* walk) {
   while (walk->End == QV_WALK_GOES_ON) {

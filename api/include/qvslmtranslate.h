@@ -36,25 +36,25 @@
  *
  * Buffers. The context has QV_GetBufferSize() bytes, is aligned to 8 bytes, and starts out zeroed;
  * the host owns it throughout, reads its head (QvContextHead) and treats the rest as opaque. It may
- * copy it as bytes while no file is open in it. The output record has at least QV_OUTPUT_RECORD_SIZE
- * bytes, aligned to 4; no call writes behind the size of the record that it delivers. malloc and calloc
- * give such buffers. The library uses neither behind the end of a call, but for QV_StopTranslate, which
- * acts on the context named last; where a call fails to open the file or to seek in it, the context keeps
- * the address of the record, which nothing reads.
+ * copy it as bytes while no file is open in it. The output record has at least
+ * QV_OUTPUT_RECORD_SIZE bytes, aligned to 4; no call writes behind the size of the record that it
+ * delivers. malloc and calloc give such buffers. The library uses neither behind the end of a call,
+ * but for QV_StopTranslate, which acts on the context named last; where a call fails to open the
+ * file or to seek in it, the context keeps the address of the record, which nothing reads.
  *
  * One context, one file. Zero a context that has been used for another file: no start and no census
  * resets all of it, and what is left can come out in records of the next file:
- *   - of the end record the titles (the first ones win), the latest record time (the largest wins), and
- *     time, site, model and stop time of the blocks of settings and results, and the serial number,
- *     where the next file has no such blocks and no model line;
+ *   - of the end record the titles (the first ones win), the latest record time (the largest wins),
+ *     and time, site, model and stop time of the blocks of settings and results, and the serial
+ *     number, where the next file has no such blocks and no model line;
  *   - what the last setup and reference left: the setup's flags, the form and the masks of streamed
  *     fields, the second spectrum, the number of bands, the level base and the reference level;
  *   - the values of the settings 53, 54 and 147;
- *   - the times of run events and other events by which streams are paced, and the number of spectra
- *     that were delivered;
- *   - the bytes of the last items, all but the first byte, where a body is shorter than what its record
- *     takes from it or the file ends within it, and the text of the last line, where a line of settings
- *     ends before its value and where a file holds too few lines for QV_ReadFileSN.
+ *   - the times of run events and other events by which streams are paced, and the number of
+ *     spectra that were delivered;
+ *   - the bytes of the last items, all but the first byte, where a body is shorter than what its
+ *     record takes from it or the file ends within it, and the text of the last line, where a line
+ *     of settings ends before its value and where a file holds too few lines for QV_ReadFileSN.
  *
  * Threads. The library has no threads and no locks: one thread may be in it at a time, and it is
  * used for one file at a time. The daylight span of the last census (QV_GetRecordCount) and the
@@ -181,12 +181,13 @@ QV_EXPORT uint32_t QV_CALL QV_TranVersionEx(void);
  *          meaning.
  *
  * QV_OK                the walk reached the end of the data.
- * QV_NO_ARGUMENT       context, census or record is null; the daylight span is forgotten all the same.
+ * QV_NO_ARGUMENT       context, census or record is null; the daylight span is forgotten all the
+ *                      same.
  * QV_CANNOT_OPEN       the file cannot be opened.
- * QV_SEEK_FAILED       a seek failed, an item ends above 2,147,483,647 bytes, or the first header line
- *                      is missing or none of a data file.
- * QV_BAD_LENGTH        an item is longer than 6200 bytes, the file ended without an end of data, or an
- *                      item stands there that a walk cannot get past.
+ * QV_SEEK_FAILED       a seek failed, an item ends above 2,147,483,647 bytes, or the first header
+ *                      line is missing or none of a data file.
+ * QV_BAD_LENGTH        an item is longer than 6200 bytes, the file ended without an end of data, or
+ *                      an item stands there that a walk cannot get past.
  * QV_RECORD_TOO_SHORT  an event or a setup ended before its last field.
  */
 QV_EXPORT int32_t QV_CALL QV_GetRecordCount(const char* path, void* context, QvRecordCensus* census,
@@ -196,24 +197,25 @@ QV_EXPORT int32_t QV_CALL QV_GetRecordCount(const char* path, void* context, QvR
  * Starts the translation of a file: resets the context, opens the file, reads the text header,
  * looks up the last stop time (and on model 442 the level offset) in the file's tail, and goes back
  * to the start of the data. The file stays open until QV_TranslateNextRec has returned
- * QV_END_OF_DATA or QV_StopTranslate is called, also when this call fails behind the open. A file that
- * is still open in the context is not closed first: stop its translation before.
+ * QV_END_OF_DATA or QV_StopTranslate is called, also when this call fails behind the open. A file
+ * that is still open in the context is not closed first: stop its translation before.
  *
- * path     NUL-terminated, of any length. A path of more than 259 bytes is opened too, but not kept, so
- *          that nothing can be read behind the end record. A null path cannot be opened.
+ * path     NUL-terminated, of any length. A path of more than 259 bytes is opened too, but not
+ *          kept, so that nothing can be read behind the end record. A null path cannot be opened.
  * context  see above.
  *
  * QV_OK                the walk can begin.
- * QV_NO_TEXT_HEADER    the file is in the settings form, without a text header: the walk can begin all
- *                      the same, with model 486 and mode 0.
+ * QV_NO_TEXT_HEADER    the file is in the settings form, without a text header: the walk can begin
+ *                      all the same, with model 486 and mode 0.
  * QV_NO_ARGUMENT       context is null; nothing was done.
  * QV_CANNOT_OPEN       the file cannot be opened.
- * QV_SEEK_FAILED       the first header line is missing or none of a data file, or a seek or the read
- *                      of the scan failed.
- * QV_TAIL_SEEK_FAILED  the file is shorter than the tail that is looked at: 1000 bytes on model 431,
- *                      2500 on others but 442. Model, mode and firmware version are known by then.
- * QV_NOT_FOUND         model 442: no results block, or none with register 106, in the first 2,100,000
- *                      bytes behind the header.
+ * QV_SEEK_FAILED       the first header line is missing or none of a data file, or a seek or the
+ *                      read of the scan failed.
+ * QV_TAIL_SEEK_FAILED  the file is shorter than the tail that is looked at: 1000 bytes on model
+ *                      431, 2500 on others but 442. Model, mode and firmware version are known by
+ *                      then.
+ * QV_NOT_FOUND         model 442: no results block, or none with register 106, in the first
+ *                      2,100,000 bytes behind the header.
  * QV_NO_MEMORY         model 442: no memory for the scan.
  */
 QV_EXPORT int32_t QV_CALL QV_StartTranslate(const char* path, void* context);
@@ -222,63 +224,71 @@ QV_EXPORT int32_t QV_CALL QV_StartTranslate(const char* path, void* context);
  * Makes one step: takes one item of the file, or a stretch of a stream, and delivers at most one
  * record. Called until the result is negative.
  *
- * record   the host's buffer of QV_OUTPUT_RECORD_SIZE bytes. Its first u16 becomes the type code of the
- *          record, 0 when the step yielded none (status 0: an item without a record; or a failure). Such a
- *          step may have written into the first sizeof(QvTimeHistory) bytes, and none behind them.
- * context  as QV_StartTranslate left it. When its file is not open it is opened anew from the path that
- *          the start kept, and read on: behind the end record, what follows the end of the data.
+ * record   the host's buffer of QV_OUTPUT_RECORD_SIZE bytes. Its first u16 becomes the type code of
+ *          the record, 0 when the step yielded none (status 0: an item without a record; or a
+ *          failure). Such a step may have written into the first sizeof(QvTimeHistory) bytes, and
+ *          none behind them.
+ * context  as QV_StartTranslate left it. When its file is not open it is opened anew from the path
+ *          that the start kept, and read on: behind the end record, what follows the end of the
+ *          data.
  *
  * QV_OK                a step was made.
  * QV_END_OF_DATA       the end of the data: the record is QvEnd, the file is closed.
- * QV_RECORD_TOO_SHORT  the item ended before its last field. The record is delivered, the missing bytes
- *                      read as 0, and the next call goes on with the next item. (A tally item of model
- *                      442 without its kind byte yields no record, and the next call meets it again.)
- * QV_BAD_LENGTH        the item is longer than 6200 bytes, or the file ended without an end of data.
+ * QV_RECORD_TOO_SHORT  the item ended before its last field. The record is delivered, the missing
+ *                      bytes read as 0, and the next call goes on with the next item. (A tally item
+ *                      of model 442 without its kind byte yields no record, and the next call meets
+ *                      it again.)
+ * QV_BAD_LENGTH        the item is longer than 6200 bytes, or the file ended without an end of
+ *                      data.
  * QV_SEEK_FAILED       the seek to the item failed, or it ends above 2,147,483,647 bytes.
  * QV_CANNOT_OPEN       the file could not be opened anew.
  * QV_NO_ARGUMENT       record or context is null; nothing was done.
  *
- * Whether the file holds what a step used, and whether the walk still moves, is told by the head of the
- * context. QvBytesMissing counts, for the step that was made:
+ * Whether the file holds what a step used, and whether the walk still moves, is told by the head of
+ * the context. QvBytesMissing counts, for the step that was made:
  *
  *   - of a framed item, of its type byte and length too, the bytes behind the end of the file. The
  *     record is filled with what stood in the buffer before, and the status need not be negative;
  *   - of a stream the bytes of entries, and of a list the bytes of its block, behind the end of the
- *     file: the record holds what was read last. A list looks at the first byte of the next block, which
- *     counts with that block;
- *   - 1 where a settings or results block ends with the file: whether it was whole cannot be known. An
- *     'E' item counts 1 where its second line has no end;
- *   - 1 where the owner of a band record, which gives it its time, is cut or stands behind the end of
- *     the file: the time is the present one. Later band records of that family do not look again
+ *     file: the record holds what was read last. A list looks at the first byte of the next block,
+ *     which counts with that block;
+ *   - 1 where a settings or results block ends with the file: whether it was whole cannot be known.
+ *     An 'E' item counts 1 where its second line has no end;
+ *   - 1 where the owner of a band record, which gives it its time, is cut or stands behind the end
+ *     of the file: the time is the present one. Later band records of that family do not look again
  *     before the next 'Q' block: theirs is the present one, too, and does not count;
- *   - 1 where the reference record of model 431 finds no whole register 106 in a results block before the
- *     file ends: the levels behind it lack that offset.
+ *   - 1 where the reference record of model 431 finds no whole register 106 in a results block
+ *     before the file ends: the levels behind it lack that offset.
  *
  * From this follow exact rules, without a census:
  *
- *   - A step with bytes missing gave a record that the file does not wholly hold, or one that leaves
- *     something uncertain for those behind it, which count nothing of their own: from there on no record
- *     is certain. QvBytesMissing is 0 behind every step up to the end of the data, where the file has one,
- *     but for a reference record of model 431 without a level offset behind it.
- *   - QvFileOffset never goes back. A step that has not moved it will never move it: an item 2 or 6 that
- *     its mode knows no record for, a tally item without its kind byte, a list whose blocks have no
- *     length, and every status that ends a walk but QV_END_OF_DATA. A host stops there.
- *   - A stream and a list move on behind the end of the file, step by step, with all bytes missing that
- *     they move by. A host stops there, too. All other items end where the file does, and the next step
- *     fails with QV_BAD_LENGTH and bytes missing; without any missing the item is too long.
- *   - Behind a 0 byte, the end of the data, one can step on: the next step opens the file anew and reads
- *     the byte behind it, by the same rules. Most files end there, and the step gives QV_BAD_LENGTH.
- *   - A walk under these rules makes no more steps than the file has bytes, and one more; how far it has
- *     come is QvFileOffset by the size of the file, and no more than all of it.
+ *   - A step with bytes missing gave a record that the file does not wholly hold, or one that
+ *     leaves something uncertain for those behind it, which count nothing of their own: from there
+ *     on no record is certain. QvBytesMissing is 0 behind every step up to the end of the data,
+ *     where the file has one, but for a reference record of model 431 without a level offset behind
+ *     it.
+ *   - QvFileOffset never goes back. A step that has not moved it will never move it: an item 2 or 6
+ *     that its mode knows no record for, a tally item without its kind byte, a list whose blocks
+ *     have no length, and every status that ends a walk but QV_END_OF_DATA. A host stops there.
+ *   - A stream and a list move on behind the end of the file, step by step, with all bytes missing
+ *     that they move by. A host stops there, too. All other items end where the file does, and the
+ *     next step fails with QV_BAD_LENGTH and bytes missing; without any missing the item is too
+ *     long.
+ *   - Behind a 0 byte, the end of the data, one can step on: the next step opens the file anew and
+ *     reads the byte behind it, by the same rules. Most files end there, and the step gives
+ *     QV_BAD_LENGTH.
+ *   - A walk under these rules makes no more steps than the file has bytes, and one more; how far
+ *     it has come is QvFileOffset by the size of the file, and no more than all of it.
  *
  * QvWalkNext in qvslm_walk.h goes by them.
  */
 QV_EXPORT int32_t QV_CALL QV_TranslateNextRec(void* record, void* context);
 
 /**
- * The head of a context. It is valid behind QV_StartTranslate and QV_TranslateNextRec. Behind a start the
- * bytes missing tell, with a number above 0, that the text header ends with the file, or on model 442 the
- * level offset: what is translated then may differ from what the whole file would give.
+ * The head of a context. It is valid behind QV_StartTranslate and QV_TranslateNextRec. Behind a
+ * start the bytes missing tell, with a number above 0, that the text header ends with the file, or
+ * on model 442 the level offset: what is translated then may differ from what the whole file would
+ * give.
  */
 static inline QvContextHead QvReadHead(const void* context) {
   QvContextHead head;

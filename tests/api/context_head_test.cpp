@@ -1,7 +1,8 @@
-// The head of the context: where the next step begins, how many bytes of the last one the file does not
-// have, and the mode of the file.
+// The head of the context: where the next step begins, how many bytes of the last one the file does
+// not have, and the mode of the file.
 //
-// Most files here are in the settings form, which needs no tail: "Q157,3" and its line end, 8 bytes.
+// Most files here are in the settings form, which needs no tail: "Q157,3" and its line end, 8
+// bytes.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -115,8 +116,8 @@ TEST(ContextHead, FollowsWholeItems) {
                    {QV_BAD_LENGTH, QV_NO_RECORD, 28, 3}}));
 }
 
-// An item that is skipped stands first (8 to 12), so that the block of settings does not end with a file
-// that is cut behind it.
+// An item that is skipped stands first (8 to 12), so that the block of settings does not end with a
+// file that is cut behind it.
 DataFile Before() {
   return SettingsForm().Item(kSkipped, Body().U8(1));
 }
@@ -463,8 +464,8 @@ TEST(ContextHead, LeadsBehindTheEndOfData) {
   EXPECT_EQ(LastHeads(CutTo(file, 9), 2, 3), (Heads{end, {QV_BAD_LENGTH, QV_NO_RECORD, 9, 3}}));
 }
 
-// Model 431: a header of 118 bytes, an item that makes the file long enough (to 1021), and the reference
-// record (to 1153), which looks ahead for register 106.
+// Model 431: a header of 118 bytes, an item that makes the file long enough (to 1021), and the
+// reference record (to 1153), which looks ahead for register 106.
 class ReferenceHeads : public testing::Test {
  protected:
   static Head Behind(const std::string& ahead) {
@@ -503,8 +504,8 @@ TEST_F(ReferenceHeads, OwnBodyCut) {
   EXPECT_EQ(HeadBehind(CutTo(Reference(), 1150), 2), (Head{QV_OK, QV_REFERENCE_431, 1150, 4}));
 }
 
-// Model 442: a header of 117 bytes, an item (to 121), and the results block that the start looks for: its
-// opening line to 150, register 106 to 160.
+// Model 442: a header of 117 bytes, an item (to 121), and the results block that the start looks
+// for: its opening line to 150, register 106 to 160.
 TEST(ContextHead, StartDoubtsALevelOffsetThatEndsWithTheFile) {
   DataFile const file = Model442("LOG")
                             .Item(kSkipped, Body().Fill(1))
@@ -521,8 +522,8 @@ TEST(ContextHead, StartDoubtsALevelOffsetThatEndsWithTheFile) {
   EXPECT_EQ(start(153).status, QV_NOT_FOUND);
 }
 
-// The start looks at 2,100,000 bytes behind the header and no further: a line that ends behind them is cut
-// for it, not for the file.
+// The start looks at 2,100,000 bytes behind the header and no further: a line that ends behind them
+// is cut for it, not for the file.
 TEST(ContextHead, StartDoubtsNothingThatItDoesNotLookAt) {
   std::string bytes = Model442("LOG").Bytes();
   std::string const block = "R  1,Hedrom-Pulke Model 442\r\nR106,1.5";
@@ -530,8 +531,8 @@ TEST(ContextHead, StartDoubtsNothingThatItDoesNotLookAt) {
   EXPECT_EQ(HeadsOf(bytes, 0)[0], (Head{QV_OK, 0, 117, 0}));
 }
 
-// A header of 1179 bytes, long enough for the tail of model 431; its last line is of 18, the one before of
-// 14.
+// A header of 1179 bytes, long enough for the tail of model 431; its last line is of 18, the one
+// before of 14.
 TEST(ContextHead, StartDoubtsAHeaderThatEndsWithTheFile) {
   std::string const title(200, 't');
   DataFile const file = DataFile()

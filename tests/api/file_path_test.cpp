@@ -1,5 +1,5 @@
-// What the start of a translation makes of the file's path: the name in the end record, and the path
-// by which the file is opened again.
+// What the start of a translation makes of the file's path: the name in the end record, and the
+// path by which the file is opened again.
 #include <gtest/gtest.h>
 
 #include <cstring>

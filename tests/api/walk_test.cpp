@@ -1,7 +1,7 @@
 // The walk of qvslm_walk.h: what it tells of each record, and how it ends.
 //
-// A header of the general model is 98 bytes long, one of model 431 in mode iSLM 118, one of model 442
-// with a tag of three characters 117.
+// A header of the general model is 98 bytes long, one of model 431 in mode iSLM 118, one of model
+// 442 with a tag of three characters 117.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -176,8 +176,8 @@ TEST(Walk, GoesOnWhateverTheCensusSays) {
   EXPECT_EQ(tale[1], (Told{QV_LEVEL_MARK, 112, 1}));
 }
 
-// What the census leaves in a context is of the whole file: here the flags of a setup behind the item 8,
-// which has no blocks before it.
+// What the census leaves in a context is of the whole file: here the flags of a setup behind the
+// item 8, which has no blocks before it.
 TEST(Walk, ForgetsTheCensus) {
   DataFile const data = Model431("OBA ")
                             .Item(8, Body().Fill(1100, 7))
@@ -217,8 +217,8 @@ TEST(Walk, ClearsTheBuffers) {
   EXPECT_EQ(end.Title2[0], '\0');
 }
 
-// File A leaves a setting and bytes in the buffers; file B has a settings line and a band record that are
-// too short to fill their own.
+// File A leaves a setting and bytes in the buffers; file B has a settings line and a band record
+// that are too short to fill their own.
 TEST(Walk, LeavesNothingForTheNext) {
   DataFile const first = General()
                              .Q(24, "of file A")
@@ -362,7 +362,8 @@ TEST(Walk, SettingsForm) {
   EXPECT_TRUE(QvWalkWasWhole(&walker.Walk()));
 }
 
-// An event that ends before its last field is whole as the file has it. A level mark does so without a word.
+// An event that ends before its last field is whole as the file has it. A level mark does so
+// without a word.
 TEST(Walk, TellsOfShortItems) {
   Walker walker;
   DataFile const file = DataFile()
@@ -423,8 +424,8 @@ TEST(Walk, EndsWhereTheFileIsCut) {
   }
 }
 
-// The band record at 8 looks for an interval that is not there; the level mark behind it is, but is not
-// whole any more.
+// The band record at 8 looks for an interval that is not there; the level mark behind it is, but is
+// not whole any more.
 TEST(Walk, KnowsNothingForCertainBehindTheFirstThatIsMissing) {
   DataFile const file =
       DataFile().Q(157, "3").Item(129, Body().U16(1).PadTo(211)).Item(5, MarkAt({2024, 6, 21}));

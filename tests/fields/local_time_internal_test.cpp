@@ -1,5 +1,6 @@
-// The host's zone: stamps to seconds and back, in zones whose clocks change, and beyond what 32 bits
-// or the calendar hold. Internal: records show times that were put together from several readings.
+// The host's zone: stamps to seconds and back, in zones whose clocks change, and beyond what 32
+// bits or the calendar hold. Internal: records show times that were put together from several
+// readings.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -229,8 +230,8 @@ TEST(LocalSeconds, OfTheDaysOfTheChange) {
   }
 }
 
-// The clock of Lord Howe Island changes by half an hour, within an hour: standard time is 10:30 ahead
-// of UTC, summer time 11:00.
+// The clock of Lord Howe Island changes by half an hour, within an hour: standard time is 10:30
+// ahead of UTC, summer time 11:00.
 TEST(LocalSeconds, OfHoursInWhichTheClockChanges) {
   Zone const zone("Australia/Lord_Howe");
   for (int round = 0; round < 2; ++round) {
@@ -257,8 +258,8 @@ TEST(LocalSeconds, TellDaysOfOneNumberApart) {
 }
 
 // What was asked before has no part in the answer: every half hour of the months of the changes, in
-// order, in no order, and each alone. (A day that a zone leaves out, as Apia did 30 December 2011, is
-// no instant by either clock, and is as the C library has it.)
+// order, in no order, and each alone. (A day that a zone leaves out, as Apia did 30 December 2011,
+// is no instant by either clock, and is as the C library has it.)
 TEST(LocalSeconds, DoNotDependOnWhatWasAskedBefore) {
   std::mt19937 numbers(1);
   for (const char* const name : {"Europe/Berlin", "America/New_York", "Australia/Lord_Howe",

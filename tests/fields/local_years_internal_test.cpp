@@ -27,8 +27,8 @@ INSTANTIATE_TEST_SUITE_P(Zones, LearnedYears,
                                          "Africa/Casablanca", "Europe/Dublin",
                                          "EST5EDT,M3.2.0,M11.1.0"));
 
-// Years at the ends of what packed dates reach, and those in which the zones gave up daylight time or
-// moved their standard.
+// Years at the ends of what packed dates reach, and those in which the zones gave up daylight time
+// or moved their standard.
 TEST_P(LearnedYears, AnswerAsTheZoneDoes) {
   ScopedZone const zone(GetParam());
   qvslm::ForgetLocalTime();

@@ -197,8 +197,8 @@ TEST(StreamLevel2, NoLevel) {
   }
 }
 
-// With the offset 2^31 - 1, which f32 does not hold: 2^31 + 128 lies in the middle, and goes to the even
-// neighbour. From 2^31 it would be 2^31 + 129.
+// With the offset 2^31 - 1, which f32 does not hold: 2^31 + 128 lies in the middle, and goes to the
+// even neighbour. From 2^31 it would be 2^31 + 129.
 TEST(StreamLevel2, OffsetBeyondSinglePrecision) {
   EXPECT_EQ(Second({.wholeDb = "1",
                     .secondKind = "5",

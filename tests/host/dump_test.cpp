@@ -124,7 +124,8 @@ TEST(Dump, BandAnalysersHaveTheirOwnInterval) {
   EXPECT_EQ(Names(DumpOf(General().Item(1, Body().PadTo(300)).EndOfData())).at(0), "Interval");
 }
 
-// What a model line is taken for is the library's to say: its numbers have 16 bits, and 65978 is 442.
+// What a model line is taken for is the library's to say: its numbers have 16 bits, and 65978 is
+// 442.
 TEST(Dump, TheModeThatTheLibraryTookTellsTheIntervals) {
   DataFile const file = DataFile()
                             .Line("L measurement file")

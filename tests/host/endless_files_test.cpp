@@ -72,8 +72,8 @@ TEST(EndlessFiles, Item6OnModel442) {
   EXPECT_THAT(result.err, HasSubstr(kStandsStill));
 }
 
-// The library delivers the last block for ever; the host writes each block that the file wholly holds
-// once, and the one that it does not only when asked to.
+// The library delivers the last block for ever; the host writes each block that the file wholly
+// holds once, and the one that it does not only when asked to.
 TEST(EndlessFiles, AListWithoutItsEnd) {
   struct Row {
     int type;
@@ -131,8 +131,8 @@ TEST(EndlessFiles, AStreamWithoutItsEnd) {
   }
 }
 
-// The level offset of model 431 stands in the results block at the end: without it all levels behind the
-// reference record are others.
+// The level offset of model 431 stands in the results block at the end: without it all levels
+// behind the reference record are others.
 TEST(EndlessFiles, LevelsOfModel431WithoutTheirOffset) {
   DataFile file = test::Model431("iSLM").Item('C', Body().U8(1).PadTo(129));
   for (int i = 0; i < 100; ++i) {

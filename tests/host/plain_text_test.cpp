@@ -45,8 +45,8 @@ TEST(PlainText, TitlesSerialAndFirmwareInTheListing) {
   EXPECT_TRUE(IsPlain(result.out));
 }
 
-// All 255 characters of Latin-1 but those that end a line, eight in each title: JSON means them all, and
-// holds no control character itself.
+// All 255 characters of Latin-1 but those that end a line, eight in each title: JSON means them
+// all, and holds no control character itself.
 TEST(PlainText, TextsInJson) {
   for (int first = 1; first < 256; first += 8) {
     std::string title;

@@ -189,9 +189,9 @@ TEST(TailScan, JumpsBackwards) {
   }
 }
 
-// How far a jump goes back is the length of the line's text: what stands in it behind a NUL does not
-// count. The walk begins at the line R 24. Fifty bytes before it stands a stop time, and behind it
-// another, one hour later.
+// How far a jump goes back is the length of the line's text: what stands in it behind a NUL does
+// not count. The walk begins at the line R 24. Fifty bytes before it stands a stop time, and behind
+// it another, one hour later.
 int StopAround(const std::string& line) {
   std::string const before = Line6() + std::string(22, 'x') + "\r\n";  // 26 and 24 bytes
   std::string tail = line + Line6("21Jun2024,19:00:00");
@@ -211,8 +211,8 @@ TEST(TailScan, JumpsByTheLengthOfTheText) {
   // gone too far.
   EXPECT_EQ(StopAround("R  24," + nul + std::string(51, 'x') + "\r\n"), kLaterStop);
   EXPECT_EQ(StopAround("R  24,ab" + std::string(50, 'x') + "\r" + nul + "\n"), kHeaderStop);
-  // Of a line of 92 bytes 80 are read. A NUL among them shortens the way back, a NUL behind them does
-  // not: 130 back.
+  // Of a line of 92 bytes 80 are read. A NUL among them shortens the way back, a NUL behind them
+  // does not: 130 back.
   EXPECT_EQ(StopAround("R  24,ab" + nul + std::string(81, 'x') + "\r\n"), kLaterStop);
   EXPECT_EQ(StopAround("R  24,ab" + std::string(72, 'x') + nul + std::string(9, 'x') + "\r\n"),
             kFoundStop);

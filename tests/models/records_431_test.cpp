@@ -121,7 +121,8 @@ TEST(Bands431, LongBodyIsPassedOver) {
   EXPECT_EQ(run.Codes(), (std::vector<int>{31, 31, 15}));
 }
 
-// The summary --------------------------------------------------------------------------------------
+// The summary
+// --------------------------------------------------------------------------------------
 
 constexpr std::size_t kSummarySize = 38;
 constexpr std::int32_t kNovember = 1731147072;  // 9 November 2024 10:11:12 in Greenwich

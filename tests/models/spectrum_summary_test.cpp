@@ -121,7 +121,8 @@ TEST(SpectrumSummary, EverySectionOnAndOff) {
 }
 
 TEST(SpectrumSummary, EachBandHasItsPlace) {
-  // Byte i of the tables holds i, but for the first: 33 bands, 33 of the second spectrum, six spectra from the last.
+  // Byte i of the tables holds i, but for the first: 33 bands, 33 of the second spectrum, six
+  // spectra from the last.
   Body body = Head().Raw(CountingBody(2 * 33 * 2 + 6 * 33 * 2).Bytes());
   Translation const run(Model442("SSA")
                             .Q(157, "7")

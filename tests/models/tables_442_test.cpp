@@ -121,7 +121,8 @@ TEST(BandTable, ShortBodyReadsAsZerosWithStatusZero) {
   }
 }
 
-// The narrow table ---------------------------------------------------------------------------------
+// The narrow table
+// ---------------------------------------------------------------------------------
 
 constexpr std::size_t kNarrowSize = 813;
 constexpr std::size_t kNarrowBands = 401;

@@ -72,8 +72,9 @@ TEST(TimeHistoryTimes, RunOnByThePeriod) {
   }
 }
 
-// Each sample adds its period to the running time, and each sum is rounded: a period of 0.5 s less 2^-25 s
-// counts as 0.5 s where times are 2^-22 s apart. Each line of register 84 scales the period anew.
+// Each sample adds its period to the running time, and each sum is rounded: a period of 0.5 s less
+// 2^-25 s counts as 0.5 s where times are 2^-22 s apart. Each line of register 84 scales the period
+// anew.
 TEST(TimeHistoryTimes, AddUpSampleBySample) {
   DataFile file = General();
   Period(file, "16777215", "0");

@@ -4,12 +4,13 @@
 // record that rests on what is missing, and no further:
 //
 // - each record whose item, block or samples end within the cut file is delivered;
-// - of these the first that rests on bytes behind the cut is not whole any more, nor is any behind it.
-//   Three kinds do: a block of text lines that ends with the file, a band record whose owner stands
-//   behind the cut, and the reference record of model 431, which looks ahead for the level offset.
+// - of these the first that rests on bytes behind the cut is not whole any more, nor is any behind
+//   it. Three kinds do: a block of text lines that ends with the file, a band record whose owner
+//   stands behind the cut, and the reference record of model 431, which looks ahead for the level
+//   offset.
 //
-// Files that cannot be started deliver nothing: those that are shorter than the tail that the start looks
-// at, and those of model 442 without their results block.
+// Files that cannot be started deliver nothing: those that are shorter than the tail that the start
+// looks at, and those of model 442 without their results block.
 //
 // The zone is UTC. Elsewhere the census of a cut file can find another daylight span.
 #include <gtest/gtest.h>
@@ -90,8 +91,8 @@ bool IsTextBlock(int code) {
          code == QV_RESULTS_442;
 }
 
-// How long a file must be for a record to rest on nothing behind its end. At the end of a file a block
-// of lines may have been longer.
+// How long a file must be for a record to rest on nothing behind its end. At the end of a file a
+// block of lines may have been longer.
 std::size_t Needed(const std::vector<WholeRecord>& records, std::size_t at,
                    const std::string& bytes) {
   const WholeRecord& record = records[at];
@@ -173,8 +174,8 @@ class CutSample {
     QvWalkOpen(&walk_, path_.c_str(), context_.Data(), record_.Data(), census ? &counts_ : nullptr);
   }
 
-  // What QvWalkNext does, but for passing over steps without a record. False when the walk has ended
-  // with nothing in hand.
+  // What QvWalkNext does, but for passing over steps without a record. False when the walk has
+  // ended with nothing in hand.
   bool Step(std::size_t size) {
     if (walk_.End != QV_WALK_GOES_ON) return false;
     std::size_t const before = Place();

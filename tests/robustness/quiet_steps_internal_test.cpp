@@ -123,8 +123,8 @@ TEST(QuietBandSteps, StayAmongBytesReadWhenTheOwnerIsNear) {
   EXPECT_EQ(steps.tells, 0);
 }
 
-// Level marks with stamps of every day that they can name, in an order in which no two that follow one
-// another are near, so many times over.
+// Level marks with stamps of every day that they can name, in an order in which no two that follow
+// one another are near, so many times over.
 std::string StampsOfAllDays(int times) {
   samples::DataFile file = General();
   for (int round = 0; round < times; ++round) {
@@ -149,8 +149,8 @@ int ConversionsOf(const std::string& path) {
   return (CostsSoFar() - before).conversions;
 }
 
-// However many stamps a file holds, and of however many days, it is learned once a year what the zone
-// makes of them.
+// However many stamps a file holds, and of however many days, it is learned once a year what the
+// zone makes of them.
 TEST(QuietConversions, AreBoundedForEachFile) {
   for (const char* const name : {"Europe/Berlin", "Europe/Moscow", "UTC"}) {
     ScopedZone const zone(name);

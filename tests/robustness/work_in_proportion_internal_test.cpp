@@ -1,6 +1,7 @@
-// The work of a census and of a whole walk grows with the file and no faster, also where each item sets
-// off a search that goes on to the end of the file. What shows it is how often the file is read: the
-// library holds four blocks of 32 KiB, so that a search over a file of 256 KiB reads it anew.
+// The work of a census and of a whole walk grows with the file and no faster, also where each item
+// sets off a search that goes on to the end of the file. What shows it is how often the file is
+// read: the library holds four blocks of 32 KiB, so that a search over a file of 256 KiB reads it
+// anew.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -43,8 +44,8 @@ Reads ReadsOf(const std::string& path, std::size_t mostSteps) {
   return reads;
 }
 
-// A head, a unit that is repeated over the first half of the file, and a filler that is repeated over
-// the second one.
+// A head, a unit that is repeated over the first half of the file, and a filler that is repeated
+// over the second one.
 struct Shape {
   const char* name;
   DataFile head;
@@ -54,9 +55,10 @@ struct Shape {
   std::string last;
 };
 
-// Bands whose owner is looked for from behind settings on, as far as it may be, and a line of results
-// of which that search takes 80 characters and reads on behind them, where no step of the translation
-// begins: there an item of the given length has the next settings and bands in its body.
+// Bands whose owner is looked for from behind settings on, as far as it may be, and a line of
+// results of which that search takes 80 characters and reads on behind them, where no step of the
+// translation begins: there an item of the given length has the next settings and bands in its
+// body.
 std::string BandsAndItemOf(int length) {
   std::string const bands = DataFile().Item(129, Body().U16(65535)).Bytes();
   std::string const item = {8, static_cast<char>(length / 256), static_cast<char>(length % 256)};
@@ -68,8 +70,8 @@ std::vector<Shape> Shapes() {
   std::string const bandsOf1 = DataFile().Item(129, Body().U16(1)).Bytes();
   std::string const interval = DataFile().Item(1, Body().Fill(40)).Bytes();
   std::string const emptyStream("\x06\0", 2);
-  // From such an item the search comes to the like item in a later unit, from each of as many units as
-  // lie between on a way of its own.
+  // From such an item the search comes to the like item in a later unit, from each of as many units
+  // as lie between on a way of its own.
   auto const unit = static_cast<int>(BandsAndItemOf(0).size());
   int const toNext26th = 26 * unit - 3;
   int const toNext67th = 67 * unit - 3;

@@ -26,8 +26,9 @@ inline std::vector<Step> TakeSteps(const samples::DataFile& file, int count) {
   return TakeSteps(stored.Path(), count);
 }
 
-// Count steps over exactly these bytes of a general file, of which nothing follows them: an item that
-// is passed over in front of them, whose step does not count, fills the room that the start wants.
+// Count steps over exactly these bytes of a general file, of which nothing follows them: an item
+// that is passed over in front of them, whose step does not count, fills the room that the start
+// wants.
 inline std::vector<Step> StepsToTheEnd(const std::string& bytes, int count) {
   TempFile const file(General().Item(9, samples::Body().Fill(2600)).Raw(bytes).Bytes());
   std::vector<Step> steps = TakeSteps(file.Path(), count + 1);
