@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <limits>
 
+#include "fields/line_pieces.h"
 #include "fields/way_memory.h"
 
 namespace qvslm {
@@ -91,6 +92,7 @@ void StartWindow(i64 offset) {
 void ForgetWindows(std::FILE* file) {
   for (Window& window : windows) window.size = 0;
   ForgetWays();
+  ForgetPieces();
   endMet = kUnknown;
   streamPosition = kUnknown;
   Reading.file = file;

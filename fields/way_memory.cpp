@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
+#include <new>
+#include <vector>
 
 namespace qvslm {
 
@@ -12,40 +13,49 @@ constexpr i64 kFirstStretch = 64;
 constexpr i64 kBytesUnkept = 256;    // at the head of each way: shorter ones are gone again as fast
 constexpr i64 kStretchesOfLong = 4;  // ways of which the start is kept, too
 
+constexpr std::size_t kFirstPlaces = 1024;  // powers of two
+constexpr std::size_t kMostPlaces = 1048576;
+
+// A way's end, and what its steps have left there. Ends are named by numbers that are not used
+// again.
+struct WayEnd {
+  u64 number = 0;
+  WayPoint point;
+  bool used = false;  // since the last look for the one to be given up
+  std::vector<char> text;
+  std::vector<u8> record;
+  u32 recordLength = 0;
+  i32 recordPos = 0;
+  u32 bytesRead = 0;
+};
+constexpr u64 kMostEnds = 2048;
+constexpr u64 kNoEnd = 0;
+
+// What is left behind from the point on to the end. Its end may be given up since, or not be known
+// yet.
 struct KnownPoint {
   WayPoint point;
-  u32 kind;  // 0: the place is free
-  i32 link;
+  u32 kind = 0;  // 0: the place is free
+  Reaches reaches;
+  u64 end = kNoEnd;
 };
 
-constexpr u32 kPlaces = 16384;
-constexpr u32 kMostPoints = kPlaces / 4 * 3;
-constexpr u32 kMostLinks = 8192;
-constexpr u32 kMostOpen = 4096;
-constexpr u32 kMostSteps = 256;
-
-KnownPoint places[kPlaces];
-WayLink links[kMostLinks];
-u32 pointCount = 0;
-u32 linkCount = 0;
+std::vector<KnownPoint> places;
+std::size_t pointCount = 0;
 i64 stretch = kFirstStretch;
 
+std::vector<WayEnd> ends;
+u64 nextToGiveUp = 0;
+
 // The search in hand: points whose way has not ended, in their order, and the steps that no later
-// one has written over, by what they leave.
+// one has written over, by what they leave. Their reaches fall.
 struct Step {
   WayPoint point;
-  u32 reach;
+  u16 reach;
 };
-struct Steps {
-  Step all[kMostSteps];
-  u32 count;
-
-  const Step* Last() const { return count == 0 ? nullptr : &all[count - 1]; }
-};
-u32 openPoints[kMostOpen];
-u32 openCount = 0;
-Steps textSteps;
-Steps recordSteps;
+std::vector<WayPoint> openPoints;
+std::vector<Step> textSteps;
+std::vector<Step> recordSteps;
 
 bool IsBefore(WayPoint a, WayPoint b) {
   return a.at != b.at ? a.at < b.at : a.entry < b.entry;
@@ -56,142 +66,140 @@ bool IsSame(WayPoint a, WayPoint b) {
 }
 
 // The place of the point, or the free one where it belongs.
-u32 PlaceOf(u32 kind, WayPoint point) {
+KnownPoint& PlaceOf(u32 kind, WayPoint point) {
   u64 const mixed = (u64{static_cast<u32>(point.at)} + (u64{kind} << 36) +
                      (u64{static_cast<u32>(point.entry)} << 44)) *
                     0x9E3779B97F4A7C15U;
-  u32 at = static_cast<u32>(mixed >> 40) % kPlaces;
+  std::size_t at = static_cast<std::size_t>(mixed >> 40) & (places.size() - 1);
   while (places[at].kind != 0 && !(places[at].kind == kind && IsSame(places[at].point, point))) {
-    at = (at + 1) % kPlaces;
+    at = (at + 1) & (places.size() - 1);
   }
-  return at;
+  return places[at];
 }
 
 void DropOpenPoints() {
-  openCount = 0;
-  textSteps.count = 0;
-  recordSteps.count = 0;
+  openPoints.clear();
+  textSteps.clear();
+  recordSteps.clear();
 }
 
 void Forget() {
-  if (pointCount > 0) std::fill(std::begin(places), std::end(places), KnownPoint{});
+  places.clear();
   pointCount = 0;
-  linkCount = 0;
+  ends.clear();
+  nextToGiveUp = 0;
   DropOpenPoints();
 }
 
-// Makes room by keeping less of what comes.
+void GrowPlaces() {
+  std::vector<KnownPoint> before(std::max(kFirstPlaces, places.size() * 2));
+  before.swap(places);
+  for (const KnownPoint& known : before) {
+    if (known.kind != 0) PlaceOf(known.kind, known.point) = known;
+  }
+}
+
+// Keeps a point, as one of a way that has not ended. False when there is no room.
+bool Keep(u32 kind, WayPoint point, std::size_t order) {
+  bool const full = pointCount >= places.size() / 4 * 3;
+  if (full && places.size() == kMostPlaces) return false;
+  if (full) GrowPlaces();
+  KnownPoint& known = PlaceOf(kind, point);
+  if (known.kind == 0) ++pointCount;
+  known = {point, kind, {}, kNoEnd};
+  openPoints.insert(openPoints.begin() + static_cast<std::ptrdiff_t>(order), point);
+  return true;
+}
+
+WayEnd* FindEnd(u64 number) {
+  if (number == kNoEnd) return nullptr;
+  WayEnd& end = ends[number % kMostEnds];
+  return end.number == number ? &end : nullptr;
+}
+
+// A free end: a new one, or the place of one that no search has met of late.
+WayEnd& TakeEnd() {
+  if (ends.size() < kMostEnds) {
+    u64 const place = ends.size();
+    ends.emplace_back().number = place + kMostEnds;
+    return ends.back();
+  }
+  while (ends[nextToGiveUp].used) {
+    ends[nextToGiveUp].used = false;
+    nextToGiveUp = (nextToGiveUp + 1) % kMostEnds;
+  }
+  WayEnd& end = ends[nextToGiveUp];
+  end.number += kMostEnds;
+  nextToGiveUp = (nextToGiveUp + 1) % kMostEnds;
+  return end;
+}
+
+// A new end, with what the buffers hold there.
+u64 EndWith(WayPoint point, const char* text, Reaches reaches) {
+  const TranslateContext& context = *CurrentContext;
+  WayEnd& end = TakeEnd();
+  end.point = point;
+  end.used = false;
+  end.text.assign(text, text + reaches.text);
+  end.record.assign(context.RecordBuffer,
+                    context.RecordBuffer + std::max<i32>(reaches.record - 1, 0));
+  end.recordLength = context.RecordLength;
+  end.recordPos = context.RecordPos;
+  end.bytesRead = context.BytesRead;
+  return end.number;
+}
+
+// Leaves in the buffers what the steps on the way to the end would.
+void LeaveBehind(const WayEnd& end, char* text, Reaches reaches) {
+  TranslateContext& context = *CurrentContext;
+  std::copy_n(end.text.begin(), reaches.text, text);
+  if (reaches.record == 0) return;
+  std::copy_n(end.record.begin(), reaches.record - 1, context.RecordBuffer);
+  context.RecordLength = end.recordLength;
+  context.RecordPos = end.recordPos;
+  context.BytesRead = end.bytesRead;
+}
+
+// Notes a step over those that it has written over.
+void PutOver(std::vector<Step>& steps, Step step) {
+  while (!steps.empty() && steps.back().reach <= step.reach) steps.pop_back();
+  steps.push_back(step);
+}
+
+// Takes away the steps from the point on; the reach becomes theirs, where it is the longer one.
+void TakeBack(std::vector<Step>& steps, WayPoint point, u16& reach) {
+  while (!steps.empty() && !IsBefore(steps.back().point, point)) {
+    reach = std::max(reach, steps.back().reach);
+    steps.pop_back();
+  }
+}
+
+// What the steps from the first open point on leave behind.
+u16 LongestReach(const std::vector<Step>& steps, u16 reach) {
+  auto const first = std::find_if(steps.begin(), steps.end(), [](const Step& step) {
+    return !IsBefore(step.point, openPoints.front());
+  });
+  return first == steps.end() ? reach : std::max(reach, first->reach);
+}
+
+// No room for more: starts anew and keeps less of what comes.
 void ForgetAndWiden() {
   Forget();
   stretch *= 2;
-}
-
-i32 AddLink(const WayLink& link) {
-  if (linkCount == kMostLinks) return kUnknownWay;
-  links[linkCount] = link;
-  return static_cast<i32>(linkCount++);
-}
-
-// Puts a step before those of the way, if it leaves anything that they do not write over.
-i32 PutBefore(i32 way, const Step& step, bool text) {
-  WayLink link = links[way];
-  u16& reach = text ? link.textReach : link.recordReach;
-  if (step.reach <= reach) return way;
-  reach = static_cast<u16>(step.reach);
-  link.point = step.point;
-  link.next = way;
-  return AddLink(link);
-}
-
-// Joins the open points to a way, from the last one to the first.
-void Join(i32 way) {
-  while (openCount > 0 && way != kUnknownWay) {
-    KnownPoint& known = places[openPoints[openCount - 1]];
-    for (;;) {
-      const Step* const text = textSteps.Last();
-      const Step* const record = recordSteps.Last();
-      bool const takeText =
-          text != nullptr && (record == nullptr || IsBefore(record->point, text->point));
-      const Step* const last = takeText ? text : record;
-      if (last == nullptr || IsBefore(last->point, known.point) || way == kUnknownWay) break;
-      way = PutBefore(way, *last, takeText);
-      --(takeText ? textSteps : recordSteps).count;
-    }
-    known.link = way;
-    --openCount;
-  }
-  if (way == kUnknownWay) return ForgetAndWiden();
-  DropOpenPoints();
 }
 
 }  // namespace
 
 void ForgetWays() {
   Forget();
+  places.shrink_to_fit();
+  ends.shrink_to_fit();
+  openPoints.shrink_to_fit();
   stretch = kFirstStretch;
 }
 
-const WayLink& WayLinkAt(i32 link) {
-  return links[link];
-}
-
-// What an earlier search has left open it did not bring to its end.
-Way::Way(u32 kind) : kind_(kind) {
-  if (openCount > 0) Forget();
+Way::Way(u32 kind, char* text) : kind_(kind), text_(text) {
   DropOpenPoints();
-}
-
-// Keeps a point, as one of a way that has not ended. False when there is no room.
-bool Way::Keep(WayPoint point, u32 place, u32 order) {
-  if (pointCount == kMostPoints || openCount == kMostOpen) return false;
-  places[place] = {point, kind_, kUnknownWay};
-  ++pointCount;
-  std::copy_backward(openPoints + order, openPoints + openCount, openPoints + openCount + 1);
-  openPoints[order] = place;
-  ++openCount;
-  return true;
-}
-
-i32 Way::Recall(WayPoint point) {
-  if (!begun_) start_ = point;
-  bool const isStart = !begun_;
-  begun_ = true;
-  nextStretch_ = (point.at / stretch + 1) * stretch;
-  i64 const way = i64{point.at} - start_.at;
-  if (pointCount == 0 && way < kBytesUnkept) return kUnknownWay;
-  u32 const place = PlaceOf(kind_, point);
-  if (places[place].kind != 0) return places[place].link;
-  if (isStart || way < kBytesUnkept) return kUnknownWay;
-  bool hasRoom = Keep(point, place, openCount);
-  if (hasRoom && way >= kStretchesOfLong * stretch && !startKept_) {
-    startKept_ = true;
-    u32 const startPlace = PlaceOf(kind_, start_);
-    hasRoom = places[startPlace].kind != 0 || Keep(start_, startPlace, 0);
-  }
-  if (!hasRoom) {
-    ForgetAndWiden();
-    start_ = point;
-  }
-  return kUnknownWay;
-}
-
-void Way::Passed(WayPoint point, Leaves leaves, u32 reach) {
-  if (leaves == Leaves::Nothing) return;
-  Steps& steps = leaves == Leaves::Text ? textSteps : recordSteps;
-  // A way may end anywhere: here, where too much would have to be taken again.
-  if (steps.count == kMostSteps && reach < steps.Last()->reach) return Ended(point);
-  while (steps.count > 0 && steps.Last()->reach <= reach) --steps.count;
-  steps.all[steps.count++] = {point, reach};
-}
-
-void Way::Ended(WayPoint point) {
-  if (openCount > 0) Join(AddLink({point, 0, 0, kWayEnd}));
-  Begin();
-}
-
-void Way::Met(i32 link) {
-  Join(link);
-  Begin();
 }
 
 void Way::Begin() {
@@ -199,6 +207,86 @@ void Way::Begin() {
   begun_ = false;
   startKept_ = false;
   nextStretch_ = 0;
+}
+
+// Without memory for more nothing is lost but what was remembered.
+template <class Work>
+bool Way::WithMemory(Work work) {
+  try {
+    return work();
+  } catch (const std::bad_alloc&) {
+    ForgetAndWiden();
+    Begin();
+    return false;
+  }
+}
+
+// A point where a stretch begins: moves on to the way's end if it is known, else keeps the point.
+bool Way::RecallOrKeep(WayPoint& point) {
+  if (!begun_) start_ = point;
+  begun_ = true;
+  nextStretch_ = (point.at / stretch + 1) * stretch;
+  if (!places.empty()) {
+    KnownPoint const known = PlaceOf(kind_, point);
+    if (WayEnd* const end = FindEnd(known.end)) {
+      point = end->point;
+      end->used = true;
+      LeaveBehind(*end, text_, known.reaches);
+      Join(known.end, point, known.reaches);
+      return true;
+    }
+  }
+  i64 const way = i64{point.at} - start_.at;
+  bool hasRoom = way < kBytesUnkept || Keep(kind_, point, openPoints.size());
+  if (hasRoom && !startKept_ && way >= kStretchesOfLong * stretch) {
+    startKept_ = true;
+    hasRoom = Keep(kind_, start_, 0);
+  }
+  if (!hasRoom) {
+    ForgetAndWiden();
+    Begin();
+  }
+  return false;
+}
+
+bool Way::Recall(WayPoint& point) {
+  return WithMemory([&] { return RecallOrKeep(point); });
+}
+
+void Way::Passed(WayPoint point, Leaves leaves, u32 reach) {
+  if (leaves == Leaves::Nothing) return;
+  WithMemory([&] {
+    PutOver(leaves == Leaves::Text ? textSteps : recordSteps, {point, static_cast<u16>(reach)});
+    return true;
+  });
+}
+
+void Way::Ended(WayPoint point) {
+  WithMemory([&] {
+    Join(kNoEnd, point, {});
+    return true;
+  });
+}
+
+// Joins the open points, from the last one to the first, to the way to an end, on which from where
+// it is met the reaches are left behind. Longer steps before that make it an end of its own, as a
+// new one is.
+void Way::Join(u64 end, WayPoint endPoint, Reaches reaches) {
+  if (openPoints.empty()) return Begin();
+  Reaches const longest = {LongestReach(textSteps, reaches.text),
+                           LongestReach(recordSteps, reaches.record)};
+  bool const fits =
+      end != kNoEnd && longest.text == reaches.text && longest.record == reaches.record;
+  if (!fits) end = EndWith(endPoint, text_, longest);
+  for (; !openPoints.empty(); openPoints.pop_back()) {
+    WayPoint const point = openPoints.back();
+    TakeBack(textSteps, point, reaches.text);
+    TakeBack(recordSteps, point, reaches.record);
+    KnownPoint& known = PlaceOf(kind_, point);
+    known.reaches = reaches;
+    known.end = end;
+  }
+  Begin();
 }
 
 }  // namespace qvslm

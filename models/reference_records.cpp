@@ -46,7 +46,7 @@ void LookAheadForLevelOffset() {
   char text[321] = "";
   LineRead line = ReadLineThatOpens('R', text, sizeof text);
   if (line.complete && NumberAt(WithoutLineEnd(text), 1) != kLevelOffsetRegister) {
-    line = ReadPastRegisters('R', kLevelOffsetRegister, text, sizeof text);
+    line = ReadPastRegisters('R', kLevelOffsetRegister, line, text, sizeof text);
   }
   if (line.complete && text[0] == 'R') return TakeLevelOffset(WithoutLineEnd(text));
   // The file ended before the block, or within it: the levels of all that follows lack their

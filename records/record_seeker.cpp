@@ -148,16 +148,6 @@ inline i32 PassItem(Walk& walk, u32 type) {
   return type == 0 || type == 'E' ? i32{QV_NOT_FOUND} : status;
 }
 
-// Takes a step of a known way again, for what it leaves behind.
-void PassAgain(WayPoint point) {
-  if (SeekDataFile(point.at) != 0) return;
-  if (point.entry == WayPoint::kNoEntry) {
-    PassOther(ReadType(), point);
-  } else {
-    PassStreamBlock(point);
-  }
-}
-
 // Notes a step that any walk of the kind would take, and ends the way where one would not, where
 // the file ends, and where an offset cannot tell the position.
 void NoteStep(Way& way, WayPoint from, u32 type, bool passed) {
@@ -176,7 +166,7 @@ WayPoint ItemHere() {
 
 // One turn: passes an item or a block of a stream, or takes the family's next item.
 i32 Turn(Walk& walk, Way& way) {
-  if (!walk.IsAtWanted() && way.Known(walk.place, PassAgain)) {
+  if (!walk.IsAtWanted() && way.Known(walk.place)) {
     if (SeekDataFile(walk.place.at) != 0) return FailWith(QV_TAIL_SEEK_FAILED);
     if (walk.IsAtWanted()) return 0;
   }
@@ -187,8 +177,11 @@ i32 Turn(Walk& walk, Way& way) {
     return status;
   }
   u32 const type = ReadType();
+  // What becomes of the family's own items depends on the walk: the way ends before them.
+  bool const own = type == walk.family;
+  if (own) way.Ended(from);
   i32 const status = PassItem(walk, type);
-  NoteStep(way, from, type, status >= 0 && type != walk.family);
+  if (!own) NoteStep(way, from, type, status >= 0);
   if (!walk.IsInStream()) walk.place = ItemHere();
   return status;
 }
@@ -196,7 +189,7 @@ i32 Turn(Walk& walk, Way& way) {
 // Goes on where no end is near, or within a stream, and remembers the way.
 i32 WalkFar(Walk walk) {
   if (!walk.IsInStream()) walk.place = ItemHere();
-  Way way(KindOf(walk));
+  Way way(KindOf(walk), CurrentContext->LineBuffer);
   i32 status = 0;
   do {
     status = Turn(walk, way);

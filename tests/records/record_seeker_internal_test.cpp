@@ -2,9 +2,15 @@
 // does. The decoders of band records ask for items 1, 2 and 5.
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <iterator>
+#include <random>
 #include <string>
+#include <vector>
 
 #include "api/context.h"
+#include "fields/data_file.h"
+#include "fields/way_memory.h"
 #include "records/record_seeker.h"
 #include "support/temp_file.h"
 #include "support/translation.h"
@@ -117,6 +123,99 @@ TEST(RecordSeekerFamilies, AFamilyThatCannotBeSoughtIsRaised) {
   QV_StopTranslate();
   EXPECT_EQ(SeekRecord(3, 1), QV_TAIL_SEEK_FAILED);
   EXPECT_STREQ(seeker.State().ErrorText, "Error <-315>");
+}
+
+// Items of all sorts and lengths, lines and streams, behind which walks that begin at different
+// places meet or pass one another.
+struct ManyItems {
+  std::string bytes;
+  std::vector<i32> starts;
+};
+ManyItems MakeItems(std::mt19937& chance) {
+  auto const below = [&](int end) {
+    return static_cast<int>(chance() % static_cast<unsigned>(end));
+  };
+  constexpr int kFamilies[] = {2, 3, 4, 5, 8, 129, 130, 131, 'C', 'M', 'S'};
+  DataFile data;
+  std::vector<i32> starts;
+  for (int left = 400; left > 0; --left) {
+    starts.push_back(static_cast<i32>(data.Size()));
+    int const what = below(20);
+    if (what == 0) {
+      data.Raw(Body().U8(6).U16(2).Raw({9, 8}).Raw({50, 1, 60, 1, 0}).Bytes());
+    } else if (what < 4) {
+      data.Raw("R" + std::string(static_cast<std::size_t>(below(100)), 'x') + "\n");
+    } else {
+      int const family = kFamilies[below(std::size(kFamilies))];
+      data.Item(family, Body().U8(below(200)).Fill(static_cast<std::size_t>(below(left))));
+    }
+  }
+  return {data.Item(1, Body().U8(7).Fill(20)).EndOfData().Bytes(), starts};
+}
+
+// All that a search leaves for what follows it.
+struct Sought {
+  i32 status;
+  i32 firstOffset;
+  i32 fetchIndex;
+  qvslm::i64 position;
+  qvslm::u32 missing;
+  qvslm::u32 length;
+  std::string record;
+  std::string line;
+
+  bool operator==(const Sought& other) const {
+    return status == other.status && firstOffset == other.firstOffset &&
+           fetchIndex == other.fetchIndex && position == other.position &&
+           missing == other.missing && length == other.length && record == other.record &&
+           line == other.line;
+  }
+};
+
+// The buffers hold dots before the search.
+Sought SeekFrom(qvslm::TranslateContext& state, i32 place, qvslm::u32 wanted) {
+  std::memset(state.RecordBuffer, '.', sizeof state.RecordBuffer);
+  std::memset(state.LineBuffer, '.', sizeof state.LineBuffer);
+  state.FirstOffset1 = place;
+  state.FetchIndex1 = 0;
+  state.BytesMissing = 0;
+  state.RecordLength = 0;
+  i32 const status = SeekRecord(1, wanted);
+  return {status,
+          state.FirstOffset1,
+          state.FetchIndex1,
+          qvslm::FilePosition(),
+          state.BytesMissing,
+          state.RecordLength,
+          {reinterpret_cast<const char*>(state.RecordBuffer), sizeof state.RecordBuffer},
+          {state.LineBuffer, sizeof state.LineBuffer}};
+}
+
+TEST(RecordSeekerFamilies, KnownWaysEndAsNewOnesDo) {
+  std::mt19937 chance(3);
+  for (int round = 0; round < 6; ++round) {
+    SCOPED_TRACE(round);
+    auto const [bytes, starts] = MakeItems(chance);
+    Seeker const seeker(DataFile().Raw(bytes));
+    std::vector<i32> places;
+    for (i32 const start : starts) {
+      places.push_back(seeker.Begin() + start);
+      places.push_back(seeker.Begin() + start + static_cast<i32>(chance() % 200));
+    }
+    std::vector<Sought> remembered;
+    for (i32 const place : places) {
+      remembered.push_back(SeekFrom(seeker.State(), place, 1));
+      remembered.push_back(SeekFrom(seeker.State(), place, 2));
+    }
+    std::size_t at = 0;
+    for (i32 const place : places) {
+      SCOPED_TRACE(place);
+      qvslm::ForgetWays();
+      ASSERT_EQ(remembered[at++], SeekFrom(seeker.State(), place, 1));
+      qvslm::ForgetWays();
+      ASSERT_EQ(remembered[at++], SeekFrom(seeker.State(), place, 2));
+    }
+  }
 }
 
 }  // namespace

@@ -4,12 +4,40 @@
 // anew.
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
 #include "robustness/faulty_calls.h"
 #include "support/temp_file.h"
 #include "support/translation.h"
+
+namespace {
+
+std::size_t looks = 0;
+
+}  // namespace
+
+// Each line is looked for by the one and each body taken by the other.
+extern "C" {
+
+void* __real_memchr(const void* bytes, int byte, std::size_t count);
+void* __real_memcpy(void* target, const void* bytes, std::size_t count);
+
+void* __wrap_memchr(const void* bytes, int byte, std::size_t count);
+void* __wrap_memcpy(void* target, const void* bytes, std::size_t count);
+
+void* __wrap_memchr(const void* bytes, int byte, std::size_t count) {
+  ++looks;
+  return __real_memchr(bytes, byte, count);
+}
+
+void* __wrap_memcpy(void* target, const void* bytes, std::size_t count) {
+  ++looks;
+  return __real_memcpy(target, bytes, count);
+}
+
+}  // extern "C"
 
 namespace test {
 namespace {
@@ -44,6 +72,14 @@ Reads ReadsOf(const std::string& path, std::size_t mostSteps) {
   return reads;
 }
 
+std::size_t LooksOf(Session& session, std::size_t steps) {
+  std::size_t const before = looks;
+  for (std::size_t step = 0; step < steps; ++step) {
+    QV_TranslateNextRec(session.Record(), session.Context());
+  }
+  return looks - before;
+}
+
 // A head, a unit that is repeated over the first half of the file, and a filler that is repeated
 // over the second one.
 struct Shape {
@@ -65,6 +101,15 @@ std::string BandsAndItemOf(int length) {
   return "Q\n" + bands + "R" + std::string(80, ' ') + item + "\n";
 }
 
+// Lines of which none writes over all of the one before, far from one another.
+std::string FallingLines() {
+  std::string lines = "\n";
+  for (std::size_t length = 318; length > 0; --length) {
+    lines += std::string(length, ' ') + std::string(400, '\n');
+  }
+  return lines;
+}
+
 std::vector<Shape> Shapes() {
   std::string const reference = DataFile().Item('C', Body()).Bytes();
   std::string const bandsOf1 = DataFile().Item(129, Body().U16(1)).Bytes();
@@ -80,6 +125,7 @@ std::vector<Shape> Shapes() {
       {"ReferencesWithoutResults", Model431("sSLM"), reference, "", "\n", ""},
       {"ReferencesWithoutLines", Model431("sSLM"), reference, "", reference, ""},
       {"ReferencesBeforeALongBlock", Model431("sSLM"), reference, "\n", "R   7,1\r\n", ""},
+      {"ReferencesBeforeFallingLines", Model431("sSLM"), reference, FallingLines(), "\n", ""},
       {"BandsBeforeStreams", General(), BandsAndItemOf(toNext26th), "", emptyStream, ""},
       {"BandsOnManyWays", General(), BandsAndItemOf(toNext67th), "", BandsAndItemOf(toNext67th),
        ""},
@@ -97,6 +143,10 @@ std::string Filled(const Shape& shape, std::size_t size) {
   return bytes + std::string(3000, '\n') + std::string(3, '\0');  // they end a stream of any form
 }
 
+void PrintTo(const Shape& shape, std::ostream* out) {
+  *out << shape.name;
+}
+
 class WorkInProportion : public testing::TestWithParam<Shape> {};
 
 INSTANTIATE_TEST_SUITE_P(Shapes, WorkInProportion, testing::ValuesIn(Shapes()),
@@ -112,6 +162,34 @@ TEST_P(WorkInProportion, ReadsGrowWithTheFile) {
     EXPECT_LE(reads[at].census, reads[at - 1].census * 5 / 2 + 4);
     EXPECT_LE(reads[at].walk, reads[at - 1].walk * 5 / 2 + 4);
   }
+}
+
+TEST_P(WorkInProportion, LongCensusesLookOnceAtWhatTheyPass) {
+  std::vector<std::size_t> counts;
+  for (std::size_t const size : {1024 * kKiB, 4096 * kKiB}) {
+    TempFile const file(Filled(GetParam(), size));
+    Session session;
+    std::size_t const before = looks;
+    session.Census(file.Path());
+    counts.push_back(looks - before);
+  }
+  EXPECT_LE(counts[1], counts[0] * 5);
+}
+
+// Behind the first searches, which find the way, a step costs as much in a long file as in a short
+// one.
+TEST_P(WorkInProportion, StepsOfLongFilesCostNoMore) {
+  constexpr std::size_t kFirst = 4000;
+  constexpr std::size_t kMore = 4000;
+  std::vector<std::size_t> counts;
+  for (std::size_t const size : {1024 * kKiB, 8192 * kKiB}) {
+    TempFile const file(Filled(GetParam(), size));
+    Session session;
+    ASSERT_EQ(session.Start(file.Path()), QV_OK);
+    LooksOf(session, kFirst);
+    counts.push_back(LooksOf(session, kMore));
+  }
+  EXPECT_LE(counts[1], counts[0] * 3 / 2);
 }
 
 }  // namespace
