@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "record_table.h"
 #include "support/stamped_items.h"
 #include "support/temp_file.h"
 #include "support/translation.h"
@@ -23,11 +22,9 @@ DataFile ItemsOfZeros(DataFile file) {
   return file.EndOfData();
 }
 
+// Of the two intervals this is the one of these files.
 std::size_t SizeOf(int code) {
-  for (const record_fields::RecordInfo& info : record_fields::kRecords) {
-    if (info.code == code) return info.size;
-  }
-  return 0;
+  return code == QV_INTERVAL ? sizeof(QvInterval) : QvRecordSize(static_cast<std::uint16_t>(code));
 }
 
 // Whatever the host's buffer held, the record is the same, and behind it all is as it was.

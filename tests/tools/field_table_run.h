@@ -8,11 +8,10 @@
 #include <sys/wait.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
 
+#include "support/file_contents.h"
 #include "support/temp_file.h"
 
 namespace test {
@@ -43,11 +42,6 @@ struct Written {
   std::string layout;
   std::string errors;
 };
-
-inline std::string Contents(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 inline Written Generate(std::string_view recordsHeader, std::string_view codesHeader = kCodes) {
   TempFile const records(recordsHeader);
