@@ -17,7 +17,7 @@ std::string TextFromLatin1(const char* text, std::size_t size) {
 }
 
 std::string Trimmed(const std::string& text) {
-  auto const blank = [](char c) { return static_cast<unsigned char>(c) <= ' '; };
+  auto const blank = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
   std::size_t start = 0;
   std::size_t end = text.size();
   while (start < end && blank(text[start])) ++start;

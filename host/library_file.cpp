@@ -34,7 +34,7 @@ void Translation::Open(bool census) {
 int Translation::Model() const {
   constexpr int defaultModel = 486;
   if (headerStatus_ != QV_OK) return defaultModel;
-  // Model numbers have 16 bits.
+  // QV_ReadFileSN knows the model of heads that open with 'L' alone. The numbers have 16 bits.
   return static_cast<std::int16_t>(std::strtol(header_.HeaderLine2, nullptr, 10));
 }
 

@@ -38,8 +38,8 @@ TEST(PlainText, TitlesSerialAndFirmwareInTheListing) {
   EXPECT_EQ(result.exitCode, 0);
   EXPECT_THAT(result.out, HasSubstr("\n  serial       1\\u001b]0;x\n"));
   EXPECT_THAT(result.out, HasSubstr("\n  firmware     1.1\\u001b[5mX\n"));
-  // A control character at the end is trimmed off with the blanks; U+0085 is one of two bytes.
-  EXPECT_THAT(result.out, HasSubstr("\n  title        a\\u001b[31mred\n"));
+  // U+0085 is one character of two bytes.
+  EXPECT_THAT(result.out, HasSubstr("\n  title        a\\u001b[31mred\\u0007\n"));
   EXPECT_THAT(result.out, HasSubstr("\n  title        b\\u009b2J\\u0085\n"));
   EXPECT_THAT(result.out, HasSubstr("\n  title        c\\u007f\xC3\xA9\\u0080\\u009f\xC2\xA0z\n"));
   EXPECT_TRUE(IsPlain(result.out));

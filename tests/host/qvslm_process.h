@@ -10,13 +10,12 @@
 
 #include <csignal>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "support/file_contents.h"
 #include "support/temp_file.h"
 
 namespace test {
@@ -32,11 +31,6 @@ struct RunOptions {
   std::string zone = "UTC";    // TZ
   std::string temporary = "";  // TMPDIR; empty for the one of the tests
 };
-
-inline std::string Contents(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 inline void Redirect(const std::string& path, int flags, int target) {
   int const descriptor = open(path.c_str(), flags);

@@ -209,17 +209,6 @@ TEST(FieldHistoryGroups, AllBitsInOneByte) {
   EXPECT_EQ(FirstDifference(FullSetup(true), FullBlock(113), expected), "");
 }
 
-TEST(FieldHistoryGroups, CountHasAThirdByteOnlyBesideTheLowestBit) {
-  // Bit 1 alone: the value behind it in group 3 follows two bytes later.
-  Body const setup = FieldsSetup(false).Set(183, {2, 0x80});
-  RecordImage const expected = Image(80.5f)
-                                   .U16(232, 2)
-                                   .U16(14, 0x80)
-                                   .F32(Element(kGroup2, 1), 12928)
-                                   .F32(Element(kGroup3, 7), 72);
-  EXPECT_EQ(FirstDifference(setup, Body().Raw({60, 128, 50, 128, 70, 128}), expected), "");
-}
-
 TEST(FieldHistoryGroups, NothingIsAddedToZeroBytes) {
   for (bool const wholeDb : {false, true}) {
     SCOPED_TRACE(wholeDb);
@@ -229,12 +218,6 @@ TEST(FieldHistoryGroups, NothingIsAddedToZeroBytes) {
     Body block = wholeDb ? Body().Raw({60}) : Body().Raw({60, 128});
     EXPECT_EQ(FirstDifference(FullSetup(wholeDb), block.PadTo(226), expected), "");
   }
-}
-
-TEST(FieldHistoryGroups, ALowByteAloneCountsAsValue) {
-  Body const setup = FieldsSetup(false).Set(182, {1});
-  RecordImage const expected = Image(80.5f).U16(12, 1).F32(Element(kGroup1, 0), 1.5f + 1 / 256.0f);
-  EXPECT_EQ(FirstDifference(setup, Body().Raw({60, 128, 0, 1}), expected), "");
 }
 
 TEST(FieldHistoryGroups, ValuesPastTheBlockAreNotStored) {
@@ -248,78 +231,12 @@ TEST(FieldHistoryGroups, ValuesPastTheBlockAreNotStored) {
   EXPECT_EQ(FirstDifference(FullSetup(true), Body().Raw({60, 50, 70}), whole), "");
 }
 
-TEST(FieldHistoryGroups, ACountWithoutItsThirdByteIsNotStored) {
-  Body const setup = FieldsSetup(false).Set(183, {3});
-  EXPECT_EQ(FirstDifference(setup, Body().Raw({60, 128, 50, 128}), Image(80.5f).U16(232, 3)), "");
-  RecordImage const whole = Image(80.5f).U16(232, 3).F32(Element(kGroup2, 1), 12928.25f);
-  EXPECT_EQ(FirstDifference(setup, Body().Raw({60, 128, 50, 128, 64}), whole), "");
-}
-
 TEST(FieldHistoryGroups, TablesAreStoredPastTheBlock) {
   // The second value has only its first byte, the others none.
   RecordImage const expected = Image(80.5f).U16(234, 2).Floats(kTable1, {52, 71.5f});
   EXPECT_EQ(FirstDifference(FieldsSetup(false).Set(187, {2}), Body().Raw({60, 128, 50, 128, 70}),
                             expected),
             "");
-}
-
-TEST(FieldHistoryGroups, WholeDecibelsTakeTheOffsetRoundedDown) {
-  struct {
-    const char* offset;
-    float value;
-  } constexpr kRows[] = {
-      {"0.0", 50},  {"1.0", 51},   {"1.9", 51},   {"-2.0", 48}, {"-2.5", 47},
-      {"-2.3", 47}, {"-12.0", 38}, {"-0.05", 50}, {"-0.1", 49},
-  };
-  for (auto const& row : kRows) {
-    SCOPED_TRACE(row.offset);
-    Translation const run(General("3.600")
-                              .Q(227, row.offset)
-                              .Item(kSetupItem, FieldsSetup(true).Set(182, {0x80}))
-                              .List(27, 2, {Body().Raw({50, 50})})
-                              .EndOfData());
-    ASSERT_EQ(run.Records(57).size(), 1u);
-    EXPECT_EQ(run.As<QvFieldHistory>(0, 57).Group1[7], row.value);
-    EXPECT_EQ(run.As<QvFieldHistory>(0, 57).Level, row.value);
-  }
-}
-
-TEST(FieldHistoryGroups, TwoBytesTakeTheOffsetAsItIs) {
-  Translation const run(General("3.600")
-                            .Q(227, "-2.25")
-                            .Item(kSetupItem, FieldsSetup(false).Set(182, {0x80}))
-                            .List(27, 4, {Body().Raw({60, 64, 50, 128})})
-                            .EndOfData());
-  ASSERT_EQ(run.Records(57).size(), 1u);
-  EXPECT_EQ(run.As<QvFieldHistory>(0, 57).Group1[7], 48.25f);
-  // The level of this model counts its second byte twice.
-  EXPECT_EQ(run.As<QvFieldHistory>(0, 57).Level, 58.25f);
-}
-
-TEST(FieldHistoryGroups, WholeReferenceLevelIsTruncated) {
-  struct {
-    int hi, lo;
-    float twoBytes, oneByte;
-  } constexpr kRows[] = {
-      {10, 0xC0, 39.75f, 40},    // 10.75
-      {0xFD, 0x40, 53.25f, 52},  // -2.75
-      {0xFF, 0x80, 51.0f, 50},   // -0.5
-      {0, 0, 50.5f, 50},
-  };
-  for (auto const& row : kRows) {
-    SCOPED_TRACE(row.hi);
-    Body const reference = Body().PadTo(65).Set(37, {row.hi, row.lo});
-    for (bool const wholeDb : {false, true}) {
-      Translation const run(
-          Model442("LOG")
-              .Item('C', reference)
-              .Item(kSetupItem, FieldsSetup(wholeDb).Set(185, {1}))
-              .List(27, 4, {wholeDb ? Body().Raw({60, 50, 1, 1}) : Body().Raw({60, 1, 50, 128})})
-              .EndOfData());
-      ASSERT_EQ(run.Records(57).size(), 1u);
-      EXPECT_EQ(run.As<QvFieldHistory>(0, 57).Group4[0], wholeDb ? row.oneByte : row.twoBytes);
-    }
-  }
 }
 
 // At old firmware the setup moves masks B and C one position down, and the lists have neither mask

@@ -7,7 +7,6 @@
 #include "support/item_bodies.h"
 #include "support/record_image.h"
 #include "support/setup_block.h"
-#include "support/steps.h"
 #include "support/temp_file.h"
 #include "support/translation.h"
 
@@ -328,63 +327,6 @@ TEST(FieldHistory, AListOfLengthZeroEndsAtOnceWhereTheBufferIsStillEmpty) {
   EXPECT_EQ(Difference(RecordImage(500), run.steps[0]), "");
   ASSERT_EQ(run.Codes(), (std::vector<int>{57, 15}));
   EXPECT_EQ(Entry(run, 0).RecordIndex, 1u);
-}
-
-TEST(FieldHistory, AListOfLengthZeroBehindAnItemDoesNotEnd) {
-  Translation const run(
-      General().Item(9, Body().Raw({1, 2, 3})).Raw(std::string("\x1B\0\0", 3)).EndOfData(),
-      {.mostSteps = 9});
-  ASSERT_EQ(run.steps.size(), 9u);
-  for (std::size_t i = 1; i < run.steps.size(); ++i) {
-    EXPECT_EQ(run.steps[i].status, 0);
-    EXPECT_EQ(run.steps[i].Code(), QV_NO_RECORD);
-  }
-}
-
-// A file that ends within a list of two-byte blocks, each sample 10 seconds behind the last.
-std::vector<Step> CutList(std::initializer_list<int> bytes, int count) {
-  TempFile const file(General("3.600")
-                          .Item(9, Body().Fill(2600))
-                          .Item(kSetupItem, ListSetup(0, 10))
-                          .Raw(Body().U8(kList).U8(2).Raw(bytes).Bytes()));
-  auto steps = TakeSteps(file.Path(), 2 + count);
-  if (steps.size() > 2) steps.erase(steps.begin(), steps.begin() + 2);
-  return steps;
-}
-
-TEST(FieldHistory, AListCutAtABlockRepeatsItsLastBlock) {
-  auto const steps = CutList({60, 64, 70, 64}, 5);
-  float const levels[] = {60.5f, 70.5f, 70.5f, 70.5f, 70.5f};
-  ASSERT_EQ(steps.size(), 5u);
-  for (std::size_t i = 0; i < 5; ++i) {
-    EXPECT_EQ(steps[i].status, 0);
-    ASSERT_EQ(steps[i].Code(), QV_FIELD_HISTORY);
-    auto const record = Translation::Copy<QvFieldHistory>(steps[i]);
-    EXPECT_EQ(record.Level, levels[i]);
-    EXPECT_EQ(record.RecordIndex, i + 1);
-    EXPECT_EQ(record.RecordTime, kHeaderTime + 10 * static_cast<std::int32_t>(i));
-  }
-}
-
-TEST(FieldHistory, AListCutWithinABlockKeepsTheEndOfTheBlockBefore) {
-  auto const steps = CutList({60, 64, 70}, 4);
-  float const levels[] = {60.5f, 70.5f, 70.5f, 70.5f};
-  ASSERT_EQ(steps.size(), 4u);
-  for (std::size_t i = 0; i < 4; ++i) {
-    EXPECT_EQ(steps[i].status, 0);
-    ASSERT_EQ(steps[i].Code(), QV_FIELD_HISTORY);
-    EXPECT_EQ(Translation::Copy<QvFieldHistory>(steps[i]).Level, levels[i]);
-  }
-}
-
-TEST(FieldHistory, EndOfFileAtTheLengthByteIsABadLength) {
-  TempFile const file(General().Item(9, Body().Fill(2600)).Raw("\x1B"));
-  auto const steps = TakeSteps(file.Path(), 3);
-  ASSERT_EQ(steps.size(), 3u);
-  for (std::size_t i = 1; i < steps.size(); ++i) {
-    EXPECT_EQ(steps[i].status, QV_BAD_LENGTH);
-    EXPECT_EQ(steps[i].Code(), QV_NO_RECORD);
-  }
 }
 
 TEST(FieldHistory, RaisesNoLatestTime) {

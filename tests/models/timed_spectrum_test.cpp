@@ -3,7 +3,6 @@
 
 #include "support/item_bodies.h"
 #include "support/record_image.h"
-#include "support/steps.h"
 #include "support/temp_file.h"
 #include "support/translation.h"
 
@@ -119,25 +118,6 @@ TEST(TimedSpectrum, BytesBehindTheBandsAreNotRead) {
   EXPECT_EQ(run.As<QvTimedSpectrum>(1).Level, 54 + 55 / 256.0f);
 }
 
-TEST(TimedSpectrum, EachStepDeliversOneBlockAndTheListGivesWayToTheNextItem) {
-  Body const mark = Body().U8(0).Date(1, 6, 2024).Time(12, 0, 0).Level(60.5).U8(0);
-  Translation const run(
-      General()
-          .List(kList, kLengthOf11,
-                {Block(10, kLengthOf11), Block(20, kLengthOf11), Block(30, kLengthOf11)})
-          .Item(5, mark)
-          .List(kList, 6, {Block(40, 6)})
-          .EndOfData());
-  ASSERT_EQ(run.Codes(), (std::vector<int>{21, 21, 21, 5, 21, 15}));
-  EXPECT_EQ(run.steps.size(), 6u);
-  int const blockBytes[] = {10, 20, 30, 0, 40};
-  unsigned const indexes[] = {1, 2, 3, 0, 4};
-  for (std::size_t i : {0u, 1u, 2u, 4u}) {
-    EXPECT_EQ(run.As<QvTimedSpectrum>(i).BlockByte, blockBytes[i]);
-    EXPECT_EQ(run.As<QvTimedSpectrum>(i).RecordIndex, indexes[i]);
-  }
-}
-
 TEST(TimedSpectrum, TheFirstBlockIsDeliveredWhateverItsFirstByteIs) {
   Translation const run(General()
                             .List(kList, kLengthOf11, {Block(0, kLengthOf11)})
@@ -170,62 +150,6 @@ TEST(TimedSpectrum, AListOfLengthZeroEndsAtOnceWhereTheBufferIsStillEmpty) {
   expected.U16(0, 21).F32(8, 999.0f).I32(16, 1);
   expected.Floats(20, std::vector<float>(11, 999.0f));
   EXPECT_EQ(Difference(expected, run.steps[0]), "");
-}
-
-TEST(TimedSpectrum, AListOfLengthZeroBehindAnItemDoesNotEnd) {
-  Translation const run(
-      General().Item(9, Body().Raw({1, 2, 3})).Raw(std::string("\x15\0\0", 3)).EndOfData(),
-      {.mostSteps = 9});
-  EXPECT_EQ(run.steps.size(), 9u);
-  for (std::size_t i = 1; i < run.steps.size(); ++i) {
-    EXPECT_EQ(run.steps[i].status, 0);
-    ASSERT_EQ(run.steps[i].Code(), QV_TIMED_SPECTRUM);
-    EXPECT_EQ(Translation::Copy<QvTimedSpectrum>(run.steps[i]).RecordIndex, i);
-    EXPECT_EQ(Translation::Copy<QvTimedSpectrum>(run.steps[i]).BlockByte, 0);
-  }
-}
-
-TEST(TimedSpectrum, AListCutAtABlockRepeatsItsLastBlock) {
-  TempFile const file(General()
-                          .Item(9, Body().Fill(2600))
-                          .Raw(Body().U8(kList).U8(6).Raw(Block(1, 6).Bytes()).Bytes())
-                          .Raw(Block(50, 6).Bytes()));
-  auto const steps = TakeSteps(file.Path(), 6);
-  ASSERT_EQ(steps.size(), 6u);
-  int const blockBytes[] = {0, 1, 50, 50, 50, 50};
-  for (std::size_t i = 1; i < steps.size(); ++i) {
-    EXPECT_EQ(steps[i].status, 0);
-    ASSERT_EQ(steps[i].Code(), QV_TIMED_SPECTRUM);
-    auto const record = Translation::Copy<QvTimedSpectrum>(steps[i]);
-    EXPECT_EQ(record.BlockByte, blockBytes[i]);
-    EXPECT_EQ(record.RecordIndex, i);
-  }
-}
-
-TEST(TimedSpectrum, AListCutWithinABlockKeepsTheEndOfTheBlockBefore) {
-  TempFile const file(General()
-                          .Item(9, Body().Fill(2600))
-                          .Raw(Body().U8(kList).U8(6).Raw(Block(1, 6).Bytes()).Bytes())
-                          .Raw(Body().Raw({50, 51}).Bytes()));
-  auto const steps = TakeSteps(file.Path(), 5);
-  ASSERT_EQ(steps.size(), 5u);
-  for (std::size_t i = 2; i < steps.size(); ++i) {
-    EXPECT_EQ(steps[i].status, 0);
-    auto const record = Translation::Copy<QvTimedSpectrum>(steps[i]);
-    EXPECT_EQ(record.BlockByte, 50);
-    EXPECT_EQ(record.SpectrumTime, 51 + (3 * 256 + 4) / 65536.0f);
-    EXPECT_EQ(record.Level, 5 + 6 / 256.0f);
-  }
-}
-
-TEST(TimedSpectrum, EndOfFileAtTheLengthByteIsABadLength) {
-  TempFile const file(General().Item(9, Body().Fill(2600)).Raw("\x15"));
-  auto const steps = TakeSteps(file.Path(), 3);
-  ASSERT_EQ(steps.size(), 3u);
-  for (std::size_t i = 1; i < steps.size(); ++i) {
-    EXPECT_EQ(steps[i].status, QV_BAD_LENGTH);
-    EXPECT_EQ(steps[i].Code(), QV_NO_RECORD);
-  }
 }
 
 TEST(TimedSpectrum, RaisesNoLatestTime) {

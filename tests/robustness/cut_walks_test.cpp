@@ -18,18 +18,16 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <set>
 #include <string>
 #include <tuple>
 #include <vector>
 
 #include "qvslm_walk.h"
-#include "record_table.h"
 #include "robustness/every_sample.h"
 #include "samples/sample_check.h"
+#include "support/file_contents.h"
 #include "support/guarded_buffer.h"
 #include "support/memory_file.h"
 #include "support/scoped_zone.h"
@@ -39,20 +37,6 @@ namespace {
 
 constexpr std::size_t kCutEverywhere = 6000;  // samples of up to so many bytes
 constexpr std::size_t kCutsOfLarge = 2000;
-
-std::string Contents(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-// The larger size of a code that stands for two structs: what is behind the smaller one is 0.
-std::size_t SizeOf(int code) {
-  std::size_t size = 0;
-  for (const record_fields::RecordInfo& info : record_fields::kRecords) {
-    if (info.code == code) size = std::max(size, info.size);
-  }
-  return size;
-}
 
 struct WholeRecord {
   int code;
@@ -128,7 +112,8 @@ class CutSample {
                           static_cast<std::size_t>(walk_.Offset),
                           Place(),
                           0,
-                          {record_.Data(), record_.Data() + SizeOf(walk_.Code)}});
+                          {record_.Data(),
+                           record_.Data() + QvRecordSize(static_cast<std::uint16_t>(walk_.Code))}});
       EXPECT_EQ(walk_.Whole, 1) << "record " << records_.size() - 1;
     }
     QvWalkClose(&walk_);

@@ -3,13 +3,11 @@
 #include <algorithm>
 #include <cstring>
 #include <ctime>
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <stdexcept>
 
-#include "record_table.h"
 #include "robustness/promised_statuses.h"
+#include "support/file_contents.h"
 
 namespace test {
 
@@ -19,21 +17,10 @@ constexpr int kUntouched = 0xEE;
 constexpr int kIdleSteps = 3;
 constexpr std::size_t kSmall = 6000;  // bytes of a sample that is tried at every position
 
-std::string Contents(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+std::string SampleBytes(const std::string& path) {
+  std::string bytes = Contents(path);
   if (bytes.empty()) throw std::runtime_error("cannot read " + path);
   return bytes;
-}
-
-// The size of a record by its type code, of the larger one where a code has two; 0 if there is
-// none.
-std::size_t SizeOf(int code) {
-  std::size_t size = 0;
-  for (const record_fields::RecordInfo& info : record_fields::kRecords) {
-    if (info.code == code) size = std::max(size, info.size);
-  }
-  return size;
 }
 
 // The files are always there, and so is memory.
@@ -59,7 +46,7 @@ bool Starts(int status) {
 }  // namespace
 
 DamageCheck::DamageCheck(const std::string& path)
-    : bytes_(Contents(path)), file_(bytes_), path_(file_.Path()) {
+    : bytes_(SampleBytes(path)), file_(bytes_), path_(file_.Path()) {
   std::time_t const now = std::time(nullptr);
   start_ = Start();
   if (!Starts(start_)) throw std::runtime_error("cannot start");
@@ -143,7 +130,7 @@ std::string DamageCheck::Judge(const Walked& walked) const {
   static const std::vector<std::uint8_t> untouched(QV_OUTPUT_RECORD_SIZE, kUntouched);
   std::string fault = Unpromised(Export::TranslateNextRec, walked.status);
   if (walked.code == QV_NO_RECORD) return fault;
-  std::size_t const size = SizeOf(walked.code);
+  std::size_t const size = QvRecordSize(static_cast<std::uint16_t>(walked.code));
   if (size == 0) return fault + "a record of code " + std::to_string(walked.code);
   if (std::memcmp(session_.Record() + size, untouched.data() + size, untouched.size() - size) !=
       0) {

@@ -3,11 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 
+#include "support/file_contents.h"
 #include "support/temp_folder.h"
 
 namespace {
@@ -117,8 +116,7 @@ TEST(DataFile, IsSavedByteForByte) {
   DataFile file;
   file.Line("a longer file that was there before").Save(path);
   DataFile().Raw(std::string_view("a\r\n\0\x1a", 5)).Save(path);
-  std::ifstream in(path, std::ios::binary);
-  EXPECT_EQ(Hex(std::string(std::istreambuf_iterator<char>(in), {})), "61 0d 0a 00 1a");
+  EXPECT_EQ(Hex(test::Contents(path)), "61 0d 0a 00 1a");
   EXPECT_EQ(file.Size(), 37U);
   EXPECT_THROW(file.Save(folder.Path()), std::runtime_error);
   EXPECT_THROW(file.Save("/no/such/folder/file.qvd"), std::runtime_error);

@@ -2,10 +2,8 @@
 // writer put in, record by record and field by field.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "samples/sample_check.h"
+#include "support/file_contents.h"
 
 namespace test {
 namespace {
@@ -36,10 +34,8 @@ void ExpectTranslation(const Sample& expected, const Translation& run) {
 }
 
 TEST_P(Samples, StandAsTheWriterWritesThem) {
-  std::ifstream in(Path(), std::ios::binary);
-  ASSERT_TRUE(in) << Path();
-  std::string const bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  EXPECT_TRUE(bytes == Expected().file.Bytes()) << "write them anew: make_samples samples/files";
+  EXPECT_TRUE(test::Contents(Path()) == Expected().file.Bytes())
+      << "write them anew: make_samples samples/files";
 }
 
 TEST_P(Samples, TranslateToWhatWasPutIn) {

@@ -1,5 +1,6 @@
 // What a 'Q' block leaves for the items behind it, seen through their records. The switches of
-// intervals, summaries and day summaries are seen in the tests of those.
+// intervals, summaries and day summaries, and what results show of settings, are seen in the tests
+// of those.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -241,38 +242,6 @@ TEST(QBlockEffects, ModelReachesTheEndRecord) {
   EXPECT_EQ(without.As<QvEnd>(0).Model, 0);
 }
 
-// What the block keeps for the record of the results.
-TEST(QBlockEffects, ResultsShowTheKeptSettings) {
-  DataFile file = test::General();
-  file.Q(46, "1046").Q(47, "1047").Q(49, "1049").Q(50, "1050").Q(53, "1053").Q(54, "1054");
-  file.Q(146, "1146").Q(147, "147.5").Q(147, "abc").R(2, "");
-  Translation const run(file.EndOfData());
-  ASSERT_EQ(run.Codes(), (std::vector<int>{7, 8, 15}));
-  auto const results = run.As<QvResults>(1);
-  EXPECT_EQ(results.SetupKeptB, 1046);
-  EXPECT_EQ(results.SettingQ47, 1047);
-  EXPECT_EQ(results.SetupKeptA, 1049);
-  EXPECT_EQ(results.SettingQ50, 1050);
-  EXPECT_EQ(results.SettingQ53, 1053);
-  EXPECT_EQ(results.SettingQ54, 1054);
-  EXPECT_EQ(results.ModeFormFlag, 1146);
-  EXPECT_EQ(results.SettingQ147, 147.5F);
-}
-
-TEST(QBlockEffects, ResultsShowTheChannels) {
-  DataFile file = test::General().Q(121, "name 1").Q(124, "u1").Q(129, "123456789012");
-  file.Q(132, "units two").Q(137, "3").Q(140, "u3").R(2, "");
-  Translation const run(file.EndOfData());
-  ASSERT_EQ(run.Codes(), (std::vector<int>{7, 8, 15}));
-  auto const results = run.As<QvResults>(1);
-  EXPECT_STREQ(results.AuxName0, "name 1");
-  EXPECT_STREQ(results.AuxName1, "123456789");
-  EXPECT_STREQ(results.AuxName2, "3");
-  EXPECT_STREQ(results.AuxUnits0, "u1");
-  EXPECT_STREQ(results.AuxUnits1, "units");
-  EXPECT_STREQ(results.AuxUnits2, "u3");
-}
-
 struct KeptRow {
   const char* name;
   std::vector<Setting> lines;
@@ -318,41 +287,6 @@ TEST(QBlockEffects, ABlockOfModel442KeepsTheSixValuesOfTheOneBefore) {
   EXPECT_EQ(results.KeptSixValues[1], 2.0F);
   EXPECT_EQ(results.KeptSixValues[2], 0.0F);
   EXPECT_EQ(results.KeptSixValues[5], 6.0F);
-}
-
-struct FlagRow {
-  const char* name;
-  const char* firmware;
-  std::vector<Setting> lines;
-  int flags;
-};
-
-TEST(QBlockEffects, ResultsFlagTheSwitches) {
-  const std::vector<FlagRow> rows = {
-      {"none", "1.1", {{9, "1"}}, 0},
-      {"209", "1.1", {{209, "5"}}, 0x0002},
-      {"209 of 0", "1.1", {{209, "0"}}, 0},
-      {"channels in intervals", "1.1", {{71, "1"}}, 0x0004},
-      {"channels in intervals by 2", "1.1", {{71, "2"}}, 0},
-      {"channels in summaries", "1.1", {{78, "1"}}, 0x0004},
-      {"channels in summaries by 2", "1.1", {{78, "2"}}, 0},
-      {"second channel", "1.1", {{119, "2"}}, 0x0014},
-      {"second channel of old firmware", "0.9", {{119, "2"}}, 0},
-      {"spans", "1.1", {{145, "1"}}, 0x0008},
-      {"spans by 2", "1.1", {{145, "2"}}, 0},
-      {"120", "1.1", {{120, "2"}}, 0x0040},
-      {"120 of old firmware", "0.9", {{120, "2"}}, 0},
-      {"118", "1.1", {{118, "2"}}, 0x0080},
-      {"118 of old firmware", "0.9", {{118, "2"}}, 0},
-      {"all", "1.1", {{71, "1"}, {118, "1"}, {119, "1"}, {120, "1"}, {145, "1"}, {209, "1"}}, 0xDE},
-  };
-  for (const FlagRow& row : rows) {
-    SCOPED_TRACE(row.name);
-    DataFile file = test::General(row.firmware);
-    Translation const run(AddSettings(file, row.lines).R(2, "").EndOfData());
-    ASSERT_EQ(run.Codes(), (std::vector<int>{7, 8, 15}));
-    EXPECT_EQ(run.As<QvResults>(1).ResultFlags, row.flags);
-  }
 }
 
 }  // namespace

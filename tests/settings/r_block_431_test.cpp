@@ -192,44 +192,6 @@ TEST(RBlock431, SettingsOfTheBlocksBeforeComeAlong) {
   EXPECT_EQ(Difference(image, run.steps.at(1)), "");
 }
 
-TEST(RBlock431, SixValuesStayOutWhenTheFirstIsMinusOne) {
-  Translation const unset(Start().Q(157, "1").R(2, "").EndOfData());
-  Translation const first(Start().Q(55, "-1").Q(56, "56").R(2, "").EndOfData());
-  Translation const later(Start().Q(55, "0").Q(56, "56").R(2, "").EndOfData());
-  for (int i = 0; i < 6; ++i) {
-    EXPECT_EQ(unset.As<QvResults431>(1).KeptSixValues[i], 0.0F);
-    EXPECT_EQ(first.As<QvResults431>(1).KeptSixValues[i], 0.0F);
-  }
-  EXPECT_EQ(later.As<QvResults431>(1).KeptSixValues[1], 56.0F);
-  EXPECT_EQ(later.As<QvResults431>(1).KeptSixValues[2], -1.0F);
-}
-
-struct FlagRow {
-  const char* Firmware;
-  int Number;  // of a 'Q' line
-  const char* Value;
-  int Flags;
-};
-
-constexpr FlagRow kFlags[] = {
-    {"1.0", 209, "0", 0},      {"1.0", 209, "1", 0x0002}, {"1.0", 209, "-1", 0x0002},
-    {"1.0", 71, "1", 0x0004},  {"1.0", 71, "2", 0},       {"1.0", 78, "1", 0x0004},
-    {"1.0", 78, "2", 0},       {"1.0", 145, "1", 0x0008}, {"1.0", 145, "2", 0},
-    {"1.0", 119, "1", 0x0014}, {"1.0", 119, "2", 0x0014}, {"1.0", 119, "0", 0},
-    {"0.9", 119, "1", 0},      {"1.0", 120, "1", 0x0040}, {"1.0", 120, "2", 0x0040},
-    {"0.9", 120, "1", 0},      {"1.0", 118, "1", 0x0080}, {"1.0", 118, "9", 0x0080},
-    {"0.9", 118, "1", 0},
-};
-
-TEST(RBlock431, FlagsTellWhatTheSettingsSwitchedOn) {
-  for (const FlagRow& row : kFlags) {
-    Translation const run(
-        Model431("iSLM", row.Firmware).Q(row.Number, row.Value).R(2, "").EndOfData());
-    EXPECT_EQ(run.As<QvResults431>(1).ResultFlags, row.Flags)
-        << "Q" << row.Number << " of " << row.Value << " at " << row.Firmware;
-  }
-}
-
 struct ListRow {
   int Number;
   std::size_t Offset;

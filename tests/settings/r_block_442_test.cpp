@@ -313,41 +313,11 @@ TEST(RBlock442, SettingsOfTheBlocksBeforeComeAlong) {
   EXPECT_EQ(Difference(image, run.steps.at(1)), "");
 }
 
-TEST(RBlock442, SixValuesStayOutWhenTheFirstIsMinusOne) {
-  Translation const run(Start().Q(55, "-1").Q(56, "56").R(2, "").EndOfData());
-  for (float const value : run.As<QvResults442>(1).KeptSixValues) EXPECT_EQ(value, 0.0F);
-}
-
 TEST(RBlock442, SixValuesOutliveASettingsBlock) {
   Translation const run(Start().Q(55, "5").Q(60, "6").R(2, "").Q(157, "1").R(2, "").EndOfData());
   ASSERT_EQ(run.Codes(), (std::vector<int>{7, 55, 7, 55, 15}));
   EXPECT_EQ(run.As<QvResults442>(3).KeptSixValues[0], 5.0F);
   EXPECT_EQ(run.As<QvResults442>(3).KeptSixValues[5], 6.0F);
-}
-
-struct FlagRow {
-  const char* Firmware;
-  int Number;  // of a 'Q' line
-  const char* Value;
-  int Flags;
-};
-
-constexpr FlagRow kFlags[] = {
-    {"1.0", 209, "0", 0},      {"1.0", 209, "1", 0x0002}, {"1.0", 209, "-1", 0x0002},
-    {"1.0", 71, "1", 0x0004},  {"1.0", 71, "2", 0},       {"1.0", 78, "1", 0x0004},
-    {"1.0", 78, "2", 0},       {"1.0", 145, "1", 0x0008}, {"1.0", 145, "2", 0},
-    {"1.0", 119, "1", 0x0014}, {"1.0", 119, "2", 0x0014}, {"0.9", 119, "1", 0},
-    {"1.0", 120, "1", 0x0040}, {"0.9", 120, "1", 0},      {"1.0", 118, "1", 0x0080},
-    {"0.9", 118, "1", 0},
-};
-
-TEST(RBlock442, FlagsTellWhatTheSettingsSwitchedOn) {
-  for (const FlagRow& row : kFlags) {
-    Translation const run(
-        Model442("LOG", row.Firmware).Q(row.Number, row.Value).R(2, "").EndOfData());
-    EXPECT_EQ(run.As<QvResults442>(1).ResultFlags, row.Flags)
-        << "Q" << row.Number << " of " << row.Value << " at " << row.Firmware;
-  }
 }
 
 TEST(RBlock442, SmallNumbersKeepTheirLow16Bits) {

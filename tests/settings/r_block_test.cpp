@@ -1,5 +1,4 @@
-// 'R' blocks of general models: the record of the stored results, register by register. What the
-// settings block before them leaves in it is seen in the tests of its effects.
+// 'R' blocks of general models: the record of the stored results, register by register.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -5,6 +5,8 @@
 
 namespace test {
 
+inline constexpr int kSkipped = 9;  // an item that yields no record
+
 // Byte i holds i (its low 8 bits), so that a field tells the position that it was read from. The
 // first holds 241: with a 0 there, a field that is not written would look right.
 constexpr int CountedByte(std::size_t position) {

@@ -2,13 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <fstream>
 #include <iterator>
 #include <set>
 #include <string>
 
 #include "qvslmtranslate.h"
 #include "record_table.h"
+#include "support/file_contents.h"
 
 namespace {
 
@@ -149,16 +149,11 @@ TEST(RecordFields, TheFirstFieldOfAnOutputRecordIsItsCode) {
   }
 }
 
-std::string Contents(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
 // `cmake --build BUILD --target update_generated` mends them.
 void ExpectFresh(const std::string& kept, const std::string& name) {
-  std::string const written = Contents(GENERATED "/" + name);
+  std::string const written = test::Contents(GENERATED "/" + name);
   EXPECT_GT(written.size(), 10000u) << name;
-  EXPECT_TRUE(Contents(SOURCE_ROOT "/" + kept + "/" + name) == written)
+  EXPECT_TRUE(test::Contents(SOURCE_ROOT "/" + kept + "/" + name) == written)
       << kept << '/' << name << " is older than api/include/qvslm_records.h";
 }
 
