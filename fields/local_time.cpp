@@ -243,6 +243,7 @@ bool AskZone(Calendar& calendar, i32 flag, i64& seconds) {
 void ForgetLocalTime() {
   asked = 0;
   ForgetLocalYears();
+  ForgetLastAnswer();
   for (Remembered& day : days) day.key = Remembered::kNoKey;
   for (Remembered& hour : hours) hour.key = Remembered::kNoKey;
 }
