@@ -1,7 +1,6 @@
 #include "posix_zone.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace zone_info {
 
@@ -143,12 +142,10 @@ std::vector<QvZoneChange> ChangesOfYears(const PosixZone& zone, int first, int l
   if (!zone.hasDaylight) return {{StartOfYear(first), zone.offset, 0}};
   std::vector<QvZoneChange> changes;
   for (int year = first; year <= last; ++year) {
-    QvZoneChange start = {InstantOf(zone.start, year, zone.offset), zone.daylightOffset, 1};
-    QvZoneChange end = {InstantOf(zone.end, year, zone.daylightOffset), zone.offset, 0};
-    if (end.From < start.From) std::swap(start, end);
-    changes.push_back(start);
-    changes.push_back(end);
+    changes.push_back({InstantOf(zone.start, year, zone.offset), zone.daylightOffset, 1});
+    changes.push_back({InstantOf(zone.end, year, zone.daylightOffset), zone.offset, 0});
   }
+  // Daylight time that never ends begins anew where that of the year before ends.
   std::stable_sort(changes.begin(), changes.end(),
                    [](const QvZoneChange& a, const QvZoneChange& b) { return a.From < b.From; });
   return changes;
