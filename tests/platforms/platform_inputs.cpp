@@ -28,16 +28,21 @@ constexpr int kRecords = 1000;
 constexpr int kResults = 40;  // whole blocks of settings
 constexpr std::int64_t kMixedBytes[] = {50000, 150000, 450000};
 
+std::string PathOf(const std::string& folder, const std::string& name, const Start& start) {
+  std::string path = folder + '/';
+  path.append(name).append("_").append(start.name).append(".qvd");
+  return path;
+}
+
 void WriteFiles(const std::string& folder) {
   for (const Start& start : kStarts) {
-    std::string const ending = std::string("_") + start.name + ".qvd";
     for (samples::Family const family : samples::kFamilies) {
       int const records = family == samples::Family::kResults ? kResults : kRecords;
-      samples::WriteFamilyFile(folder + '/' + samples::FamilyName(family) + ending, family, records,
+      samples::WriteFamilyFile(PathOf(folder, samples::FamilyName(family), start), family, records,
                                start.clock);
     }
     for (std::int64_t const bytes : kMixedBytes) {
-      samples::WriteMixedFile(folder + "/mixed_" + std::to_string(bytes) + ending, bytes,
+      samples::WriteMixedFile(PathOf(folder, "mixed_" + std::to_string(bytes), start), bytes,
                               start.clock);
     }
   }

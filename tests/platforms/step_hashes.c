@@ -92,6 +92,7 @@ static void ShowTexts(void) {
 }
 
 #ifdef QVSLMTRANSLATE_STATIC
+/* Returns 0 where the file is no table. */
 static int UseZone(const char* path) {
   static QvZoneChange changes[4096];
   size_t const most = sizeof changes / sizeof changes[0];
@@ -99,11 +100,13 @@ static int UseZone(const char* path) {
   char line[128];
   FILE* const file = fopen(path, "r");
   if (!file) return 0;
-  while (count < most && fgets(line, sizeof line, file)) {
+  while (fgets(line, sizeof line, file)) {
     QvZoneChange* const change = &changes[count];
-    if (sscanf(line, "%" SCNd64 " %" SCNd32 " %" SCNd32, &change->From, &change->Offset,
-               &change->Daylight) == 3)
-      ++count;
+    if (++count == most || sscanf(line, "%" SCNd64 " %" SCNd32 " %" SCNd32, &change->From,
+                                  &change->Offset, &change->Daylight) != 3) {
+      fclose(file);
+      return 0;
+    }
   }
   fclose(file);
   QvUseZone(changes, count);
@@ -117,13 +120,14 @@ static int UseZone(const char* path) {
 #endif
 
 int main(int argc, char** argv) {
+  static uint64_t record[QV_OUTPUT_RECORD_SIZE / sizeof(uint64_t) + 1];
   void* const context = malloc(QV_GetBufferSize());
-  void* const record = malloc(QV_OUTPUT_RECORD_SIZE);
   int at = 1;
-  if (!context || !record) return 1;
+  if (!context) return 1;
   if (argc > 2 && strcmp(argv[1], "--zone") == 0) {
     if (!UseZone(argv[2])) {
       fprintf(stderr, "step_hashes: no zone can be taken from %s\n", argv[2]);
+      free(context);
       return 1;
     }
     at = 3;
@@ -136,6 +140,5 @@ int main(int argc, char** argv) {
     ShowRecords(argv[at], context, record);
   }
   free(context);
-  free(record);
   return 0;
 }

@@ -106,8 +106,8 @@ int DayOfYear(const DayRule& rule, int year) {
     return rule.day - 1 + (leap && rule.day > kDaysToMarch ? 1 : 0);
   int const first = DaysBeforeMonth(rule.month, leap);
   int const next = DaysBeforeMonth(rule.month + 1, leap);
-  // The first day of 1970 was a Thursday.
-  auto const weekday = static_cast<int>((StartOfYear(year) / kDay + first + 4 + 7 * 10000) % 7);
+  std::int64_t const dayAfterSunday = StartOfYear(year) / kDay + first + 4;  // 1970: a Thursday
+  auto const weekday = static_cast<int>((dayAfterSunday % 7 + 7) % 7);
   int day = first + (rule.weekday - weekday + 7) % 7 + (rule.week - 1) * 7;
   while (day >= next) day -= 7;
   return day;
