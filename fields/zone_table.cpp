@@ -17,13 +17,13 @@ struct ZoneTable {
   const QvZoneChange* changes = nullptr;
   size_t count = 0;
 };
-ZoneTable table;
+ModuleState<ZoneTable> table;
 
 // The change that an instant goes by. All time before the second one belongs to the first.
 const QvZoneChange& ChangeAt(i64 seconds) {
-  const QvZoneChange* const end = table.changes + table.count;
+  const QvZoneChange* const end = table->changes + table->count;
   const QvZoneChange* const next = std::upper_bound(
-      table.changes + 1, end, seconds,
+      table->changes + 1, end, seconds,
       [](i64 instant, const QvZoneChange& change) { return instant < change.From; });
   return *(next - 1);
 }
@@ -89,7 +89,7 @@ std::optional<Shown> FindWithFlag(const Shown& shown, bool daylight) {
 }  // namespace
 
 bool ZoneIsTable() {
-  return table.changes != nullptr;
+  return table->changes != nullptr;
 }
 
 bool AskTable(Calendar& calendar, i32 flag, i64& seconds) {
@@ -122,6 +122,6 @@ Calendar TableCalendar(i64 seconds) {
 
 void QvUseZone(const QvZoneChange* changes, size_t count) {
   bool const given = changes != nullptr && count > 0;
-  qvslm::table = given ? qvslm::ZoneTable{changes, count} : qvslm::ZoneTable{};
+  *qvslm::table = given ? qvslm::ZoneTable{changes, count} : qvslm::ZoneTable{};
   qvslm::ForgetLocalTime();
 }
