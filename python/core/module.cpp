@@ -96,7 +96,7 @@ Bytes Owned(Owner owner, std::uint8_t* bytes, std::size_t size) {
 // The texts of the file's head are handed over as bytes, and so is the serial number.
 template <std::size_t N>
 nb::bytes Text(const char (&text)[N]) {
-  return {text, strnlen(text, N)};
+  return nb::bytes(text, strnlen(text, N));
 }
 
 nb::dict Header(const OpenFile& file) {
