@@ -161,8 +161,8 @@ nb::dict Decode(OpenFile& file, const std::vector<std::size_t>& kinds, std::uint
   for (std::size_t kind = 0; kind < python::kRecordCount; ++kind) {
     std::size_t const size = rows[kind].Bytes();
     if (size == 0) continue;
-    python::RecordRows::Memory memory = rows[kind].Release();
-    std::uint8_t* const bytes = memory.get();
+    python::RowMemory memory = rows[kind].Release();
+    std::uint8_t* const bytes = memory.Bytes();
     arrays[nb::int_(kind)] = Owned(std::move(memory), bytes, size);
   }
   return arrays;
