@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "open_file.h"
+#include "record_columns.h"
 #include "record_table.h"
 #include "sample_series.h"
 
@@ -168,6 +169,29 @@ nb::dict Decode(OpenFile& file, const std::vector<std::size_t>& kinds, std::uint
   return arrays;
 }
 
+// By the names of the fields: the values' bytes, those of the bits that tell which are missing or None,
+// and how many are.
+nb::dict Columns(std::size_t kind, const ReadBytes& records) {
+  if (kind >= python::kRecordCount) throw nb::index_error();
+  const RecordInfo& record = record_fields::kRecords[kind];
+  std::vector<python::Column> columns;
+  {
+    nb::gil_scoped_release const released;
+    columns = python::ColumnsOf(record, records.data(), records.size() / record.size);
+  }
+  nb::dict fields;
+  for (python::Column& column : columns) {
+    std::uint8_t* const values = column.values.Bytes();
+    std::uint8_t* const bits = column.bits.Bytes();
+    nb::object missing = nb::none();
+    if (column.missing > 0)
+      missing = nb::cast(Owned(std::move(column.bits), bits, column.bitBytes));
+    fields[nb::str(column.field->name.data(), column.field->name.size())] = nb::make_tuple(
+        Owned(std::move(column.values), values, column.valueBytes), missing, column.missing);
+  }
+  return fields;
+}
+
 Bytes Series(const ReadBytes& records) {
   std::vector<python::SeriesEntry> series;
   {
@@ -198,6 +222,7 @@ NB_MODULE(_core, module) {
   module.attr("OK") = static_cast<int>(QV_OK);
   module.attr("NO_TEXT_HEADER") = static_cast<int>(QV_NO_TEXT_HEADER);
   module.def("records", Records);
+  module.def("columns", Columns, "kind"_a, "records"_a);
   module.def("series", Series, "records"_a);
   nb::class_<OpenFile>(module, "OpenFile")
       .def("__init__", Open, "path"_a, "zone"_a)

@@ -11,6 +11,9 @@ NO_TEXT_HEADER: int
 _Field = tuple[str, str, str, int, int, int, bool, str]
 
 def records() -> list[tuple[str, int, int, list[_Field]]]: ...
+def columns(
+    kind: int, records: NDArray[np.uint8]
+) -> dict[str, tuple[NDArray[np.uint8], NDArray[np.uint8] | None, int]]: ...
 def series(records: NDArray[np.uint8]) -> NDArray[np.uint8]: ...
 
 class OpenFile:
