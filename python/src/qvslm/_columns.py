@@ -20,7 +20,7 @@ class Column:
     values: NDArray[Any]
     """Texts are str, times seconds of 64 bits; an array field has its shape behind the rows."""
     bits: NDArray[np.uint8] | None
-    """Where values are missing: a bit for each, the lowest of a byte first, 1 where there is one."""
+    """Where values are missing: a bit for each, 0 for a missing one, of a byte the lowest first."""
     missing: int
 
     def mask(self) -> NDArray[np.bool_]:

@@ -1,5 +1,6 @@
 """A measurement file that is open, and what stands in it."""
 
+import os
 from collections.abc import Iterable, Iterator
 from dataclasses import dataclass
 from datetime import UTC, datetime
@@ -78,11 +79,7 @@ class MeasurementFile:
         self.strict = strict
         self._local = LocalFile(source)
         try:
-            # No path on POSIX and on Windows holds a NUL.
-            path = self._local.path.encode("utf-8", "surrogateescape")
-            if b"\0" in path:
-                raise ValueError("a NUL in the path")
-            self._core = _core.OpenFile(path, zone)
+            self._core = _core.OpenFile(os.fsencode(self._local.path), zone)
             self._refuse_strangers()
         except BaseException:
             self.close()
@@ -148,7 +145,9 @@ class MeasurementFile:
             whole=walk["whole"],
             reason=walk["reason"],
             status=walk["status"],
-            offset=None if walk["whole"] or walk["goes_on"] or not walk["started"] else walk["offset"],
+            offset=None
+            if walk["whole"] or walk["goes_on"] or not walk["started"]
+            else walk["offset"],
             left_out=walk["left_out"],
             short_items=walk["short_items"],
         )
@@ -195,7 +194,9 @@ _NO_MODEL = 486
 def _model(line: bytes) -> int:
     digits = ""
     for character in line.decode("latin-1").lstrip(" \t\n\v\f\r"):
-        if not character.isascii() or not (character.isdigit() or (character in "+-" and not digits)):
+        if not character.isascii() or not (
+            character.isdigit() or (character in "+-" and not digits)
+        ):
             break
         digits += character
     try:
@@ -205,12 +206,9 @@ def _model(line: bytes) -> int:
     return (number + 2**15) % 2**16 - 2**15
 
 
-def open(  # noqa: A001 - qvslm.open, as gzip.open
-    source: Source, *, tz: str | None = None, strict: bool = False
-) -> MeasurementFile:
+def open(source: Source, *, tz: str | None = None, strict: bool = False) -> MeasurementFile:
     """Opens a file to be read a batch at a time, with flat memory.
 
     ``tz`` and ``strict`` are those of ``qvslm.read``.
     """
     return MeasurementFile(source, tz, strict)
-

@@ -4,6 +4,7 @@ import json
 from typing import TYPE_CHECKING, Any
 
 import numpy as np
+from numpy.typing import NDArray
 
 from ._columns import Column, columns_of
 from ._file import Info, Rows, Status
@@ -18,8 +19,8 @@ METADATA_KEY = b"qvslm"
 """Under this key the metadata of an Arrow schema tells of the file, in JSON."""
 
 
-def _plain(value: Any) -> Any:
-    return value if value is None or isinstance(value, (bool, int, str, list)) else str(value)
+def _plain(value: object) -> int | str | None:
+    return value if value is None or isinstance(value, (int, str)) else str(value)
 
 
 def facts(info: Info, status: Status, tz: str | None) -> dict[str, Any]:
@@ -88,7 +89,7 @@ def with_facts(table: "pa.Table", record: RecordType, told: dict[str, Any]) -> "
 # pandas ------------------------------------------------------------------------------------------
 
 
-def _pandas_column(column: Column, tz: str | None) -> Any:
+def _pandas_column(column: Column, tz: str | None) -> "pd.Series[Any] | NDArray[Any]":
     import pandas as pd
 
     if column.field.kind == "time" and not column.field.shape:
@@ -103,20 +104,18 @@ def _pandas_column(column: Column, tz: str | None) -> Any:
     return pd.Series(list(values), dtype=object) if column.field.shape else values
 
 
-def to_pandas(record: RecordType, rows: Rows, tz: str | None, told: dict[str, Any]) -> "pd.DataFrame":
+def to_pandas(
+    record: RecordType, rows: Rows, tz: str | None, told: dict[str, Any]
+) -> "pd.DataFrame":
     """A DataFrame; ``attrs`` tell of the file, and unit and comment of each column."""
     import pandas as pd
 
-    columns = {
-        column.field.name: _pandas_column(column, tz) for column in columns_of(record, rows)
-    }
+    columns = {column.field.name: _pandas_column(column, tz) for column in columns_of(record, rows)}
     frame = pd.DataFrame(columns)
-    frame.attrs = {
-        "record": record.name,
-        **told,
-        "units": {field.name: field.unit for field in record.fields if field.unit},
-        "comments": {field.name: field.comment for field in record.fields},
-    }
+    frame.attrs["record"] = record.name
+    frame.attrs |= told
+    frame.attrs["units"] = {field.name: field.unit for field in record.fields if field.unit}
+    frame.attrs["comments"] = {field.name: field.comment for field in record.fields}
     return frame
 
 

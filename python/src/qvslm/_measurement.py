@@ -34,8 +34,8 @@ class Measurement:
 
     ``m["Interval"]`` is a structured array whose fields are those of the record, and
     ``m["Interval"]["LevelA"]`` a view of one of them. Times are seconds: of the clock of the
-    instrument without ``tz``, since 1970-01-01 00:00 UTC with it. Times of 0 are none, and levels of
-    999.0.
+    instrument without ``tz``, since 1970-01-01 00:00 UTC with it. A time of 0 is none, and a level
+    of 999.0.
     """
 
     def __init__(
@@ -92,8 +92,8 @@ class Measurement:
     def samples(self) -> NDArray[np.void]:
         """The streamed time history as one series.
 
-        ``time`` as ``times``, to the microsecond; ``level`` and ``second``, the second level, NaN for
-        none; ``mark`` is -1 for a sample. A marker stands between samples, without levels: its
+        ``time`` as ``times``, to the microsecond; ``level`` and ``second``, the second level, NaN
+        for none; ``mark`` is -1 for a sample. A marker stands between samples, without levels: its
         ``mark`` is the code of the event, and ``detail`` its detail.
         """
         rows = np.ascontiguousarray(self["TimeHistory"])
@@ -113,9 +113,7 @@ class Measurement:
     def to_arrow(self, record: str) -> "pa.Table":
         """The records of a name as a table of Arrow."""
         kind = record_type(record)
-        return _frames.with_facts(
-            _frames.to_arrow(kind, self[record], self.tz), kind, self._told()
-        )
+        return _frames.with_facts(_frames.to_arrow(kind, self[record], self.tz), kind, self._told())
 
 
 def read(

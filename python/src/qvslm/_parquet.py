@@ -1,7 +1,6 @@
 """Measurement files as datasets of Parquet: one a record name, a part a file."""
 
 import contextlib
-import json
 import os
 from collections.abc import Iterable
 from pathlib import Path
@@ -28,8 +27,7 @@ class _Part:
     def add(self, table: pa.Table) -> None:
         self._writer.write_table(table)
 
-    def close(self, facts: dict[str, str]) -> None:
-        self._writer.add_key_value_metadata(facts)
+    def close(self) -> None:
         self._writer.close()
         self._beside.replace(self._place)
 
@@ -53,19 +51,23 @@ def to_parquet(
     left. Gives the status of the file.
     """
     names = None if records is None else list(records)
+    # A Parquet file begins with what is told of it, and some of that stands at the end of a file.
+    with MeasurementFile(source, tz, strict) as file:
+        file.read([])
+        status = file.status
+        told = _frames.facts(file.info, status, tz)
     parts: dict[str, _Part] = {}
     try:
-        with MeasurementFile(source, tz, strict) as file:
+        with MeasurementFile(source, tz) as file:
             for batch in file.batches(names, _ROWS):
                 for name, rows in batch.items():
-                    table = _frames.to_arrow(record_type(name), rows, tz)
+                    kind = record_type(name)
+                    table = _frames.with_facts(_frames.to_arrow(kind, rows, tz), kind, told)
                     if name not in parts:
                         parts[name] = _Part(Path(to) / name, Path(source).name, table.schema)
                     parts[name].add(table)
-            status = file.status
-            told = _frames.facts(file.info, status, tz)
-        for name, part in parts.items():
-            part.close({_frames.METADATA_KEY.decode(): json.dumps({"record": name, **told})})
+        for part in parts.values():
+            part.close()
     except BaseException:
         for part in parts.values():
             part.drop()

@@ -81,7 +81,9 @@ def record_type(name: str) -> RecordType:
     try:
         return RECORD_TYPES[name]
     except KeyError:
-        raise KeyError(f"no record is named {name!r}; there are {', '.join(RECORD_TYPES)}") from None
+        raise KeyError(
+            f"no record is named {name!r}; there are {', '.join(RECORD_TYPES)}"
+        ) from None
 
 
 def record_types(names: str | Iterable[str] | None) -> list[RecordType]:

@@ -29,9 +29,7 @@ def scan(
                 file.read([])
                 told = vars(file.info) | {"name": str(path), "titles": " / ".join(file.info.titles)}
                 status = file.status
-                rows.append(
-                    {**told, "whole": status.whole, "reason": status.reason, **file.census}
-                )
+                rows.append({**told, "whole": status.whole, "reason": status.reason, **file.census})
         except (Error, OSError):
             continue
     return rows

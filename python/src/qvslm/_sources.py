@@ -28,9 +28,10 @@ class LocalFile:
         if isinstance(source, (str, os.PathLike)):
             self.name = os.fspath(source)
             self.path = self.name
-            if stat.S_ISDIR(os.stat(self.path).st_mode):
+            mode = Path(self.path).stat().st_mode
+            if stat.S_ISDIR(mode):
                 raise IsADirectoryError(f"{self.name} is a folder")
-            if not stat.S_ISREG(os.stat(self.path).st_mode):
+            if not stat.S_ISREG(mode):
                 with Path(self.path).open("rb") as pipe:
                     self._copy(pipe)
         elif isinstance(source, (bytes, bytearray, memoryview)):

@@ -25,7 +25,7 @@ def _reading(zone: zoneinfo.ZoneInfo, instant: int) -> tuple[int, int]:
 
 
 def _first_other(zone: zoneinfo.ZoneInfo, before: int, behind: int) -> int:
-    """The first instant whose reading is another than the one before; the one behind has another."""
+    """The first instant that is read otherwise than the one before; the one behind is."""
     old = _reading(zone, before)
     while behind - before > 1:
         middle = (before + behind) // 2
