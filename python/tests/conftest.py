@@ -4,10 +4,15 @@ import os
 from pathlib import Path
 
 import pytest
+from hypothesis import settings
 
 ROOT = Path(__file__).parents[2]
 SAMPLES = sorted((ROOT / "samples" / "files").glob("*.qvd"))
 HOST = Path(os.environ.get("QVSLM_HOST", ROOT / "build" / "dev" / "host" / "qvslm"))
+
+# Nothing is kept from run to run.
+settings.register_profile("qvslm", database=None)
+settings.load_profile("qvslm")
 
 
 def sample(name: str) -> Path:

@@ -4,10 +4,11 @@ import os
 from pathlib import Path
 
 import pytest
-import qvslm
 from conftest import SAMPLES, sample
 from hypothesis import HealthCheck, given, settings
 from hypothesis import strategies as st
+
+import qvslm
 
 DAY = sample("general_day").read_bytes()
 EXAMPLES = int(os.environ.get("QVSLM_EXAMPLES", "150"))
@@ -30,7 +31,7 @@ def test_a_cut_file_gives_what_it_holds() -> None:
 
 
 def test_a_cut_file_raises_with_strict() -> None:
-    with pytest.raises(qvslm.Error, match="at byte 19.*the file ends before") as fault:
+    with pytest.raises(qvslm.Error, match=r"at byte 19.*the file ends before") as fault:
         qvslm.read(DAY[:20000], strict=True)
     assert fault.value.offset == qvslm.read(DAY[:20000]).status.offset
     assert fault.value.status == qvslm.read(DAY[:20000]).status.status

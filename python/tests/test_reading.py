@@ -8,8 +8,9 @@ from pathlib import Path
 
 import numpy as np
 import pytest
-import qvslm
 from conftest import SAMPLES, sample
+
+import qvslm
 
 
 def _same(one: qvslm.Measurement, other: qvslm.Measurement) -> None:
@@ -104,8 +105,6 @@ def test_a_closed_file_gives_no_more() -> None:
 
 
 class TestSamples:
-    # Counted by hand: 12 markers of pauses and runs among the entries, each record at the second its
-    # run event tells.
     def test_entries_are_those_of_the_records(self) -> None:
         measurement = qvslm.read(sample("general_time_history"))
         rows = measurement["TimeHistory"]

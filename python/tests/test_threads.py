@@ -4,8 +4,9 @@ import itertools
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-import qvslm
 from conftest import SAMPLES, sample
+
+import qvslm
 
 Read = tuple[tuple[str, bytes], ...]
 

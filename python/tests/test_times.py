@@ -8,10 +8,11 @@ from zoneinfo import ZoneInfo, ZoneInfoNotFoundError
 
 import numpy as np
 import pytest
-import qvslm
 from conftest import sample
 from hypothesis import given, settings
 from hypothesis import strategies as st
+
+import qvslm
 from qvslm import _zones
 
 ZONES = [
@@ -32,7 +33,9 @@ def process_zone(request: pytest.FixtureRequest) -> Iterator[str]:
     before = os.environ.get("TZ")
     os.environ["TZ"] = request.param
     time.tzset()
+    names = time.tzname
     yield request.param
+    assert (os.environ["TZ"], time.tzname) == (request.param, names)
     if before is None:
         del os.environ["TZ"]
     else:
@@ -40,7 +43,8 @@ def process_zone(request: pytest.FixtureRequest) -> Iterator[str]:
     time.tzset()
 
 
-def test_without_a_zone_times_are_those_of_the_clock(process_zone: str) -> None:
+@pytest.mark.usefixtures("process_zone")
+def test_without_a_zone_times_are_those_of_the_clock() -> None:
     measurement = qvslm.read(sample("night_europe"))
     times = measurement.times("Interval")
     # Twenty-two o'clock by the instrument, and every ten minutes of its clock.
@@ -48,28 +52,18 @@ def test_without_a_zone_times_are_those_of_the_clock(process_zone: str) -> None:
     assert measurement.info.start == datetime(2024, 10, 26, 22)
     assert measurement.info.start.tzinfo is None
     assert np.unique(np.diff(times)).tolist() == [timedelta(minutes=10)]
-    assert os.environ["TZ"] == process_zone
 
 
 # The instrument runs through the night and keeps daylight time: 22:00 is 20:00 UTC, and eight hours
 # later 04:00 UTC, which a clock in Berlin shows as 05:00.
-def test_with_a_zone_times_are_instants(process_zone: str) -> None:
+@pytest.mark.usefixtures("process_zone")
+def test_with_a_zone_times_are_instants() -> None:
     measurement = qvslm.read(sample("night_europe"), tz="Europe/Berlin")
     times = measurement.times("Interval")
     assert times[0] == np.datetime64("2024-10-26T20:00:00")
     assert np.unique(np.diff(times)).tolist() == [timedelta(minutes=10)]
     assert measurement.info.start == datetime(2024, 10, 26, 20, tzinfo=UTC)
     assert measurement.info.start.tzinfo == ZoneInfo("Europe/Berlin")
-    assert os.environ["TZ"] == process_zone
-    assert time.tzname == _names_of(process_zone)
-
-
-def _names_of(zone: str) -> tuple[str, str]:
-    return {
-        "UTC": ("UTC", "UTC"),
-        "Asia/Tokyo": ("JST", "JDT"),
-        "America/St_Johns": ("NST", "NDT"),
-    }[zone]
 
 
 def test_no_time_is_nat() -> None:

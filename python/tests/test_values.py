@@ -10,8 +10,9 @@ from typing import Any
 
 import numpy as np
 import pytest
-import qvslm
 from conftest import SAMPLES
+
+import qvslm
 
 
 def _dumped(host: Path, path: Path, zone: str) -> dict[str, list[dict[str, Any]]]:
