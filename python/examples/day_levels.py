@@ -2,8 +2,8 @@
 
     python day_levels.py FILE PICTURE [ZONE]
 
-FILE is a measurement file with intervals, PICTURE what to write: day.png, day.svg. With ZONE, such as
-Europe/Berlin, times are instants in that zone, else the clock of the instrument.
+FILE is a measurement file with intervals, PICTURE what to write: day.png, day.svg. With ZONE, such
+as Europe/Berlin, times are instants in that zone, else the clock of the instrument.
 """
 
 import sys

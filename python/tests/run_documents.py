@@ -2,8 +2,8 @@
 
     run_documents.py PYTHON
 
-PYTHON is that of an environment in which the package is installed; the lines that install it are left
-out. One line for each block that fails; the last line counts.
+PYTHON is that of an environment in which the package is installed; the lines that install it are
+left out. One line for each block that fails; the last line counts.
 """
 
 import os
@@ -25,7 +25,13 @@ def _run(arguments: list[str], python: Path, folder: Path, text: str | None = No
     }
     environment["PATH"] = f"{python.parent}:{environment['PATH']}"
     done = subprocess.run(
-        arguments, cwd=folder, env=environment, input=text, capture_output=True, text=True, check=False
+        arguments,
+        cwd=folder,
+        env=environment,
+        input=text,
+        capture_output=True,
+        text=True,
+        check=False,
     )
     if done.returncode != 0:
         print(done.stdout, done.stderr, sep="\n")
