@@ -1,6 +1,7 @@
 // The yardstick of the Python package: a walk in C that copies each record once.
 //
 //   row_walk write FILE BYTES  writes the mixed file
+//   row_walk stream FILE COUNT writes a file with a stream of so many samples
 //   row_walk FILE RUNS         walks it so many times, and prints for each run three times in seconds:
 //                              of the walk alone, of one that copies each record into one and the
 //                              same buffer, and of one that keeps all of them
@@ -62,6 +63,10 @@ double SecondsOf(const char* path, Copies copies) {
 int main(int argc, char** argv) {
   if (argc == 4 && std::string(argv[1]) == "write") {
     samples::WriteMixedFile(argv[2], std::atoll(argv[3]));
+    return 0;
+  }
+  if (argc == 4 && std::string(argv[1]) == "stream") {
+    samples::WriteFamilyFile(argv[2], samples::Family::kStreamTwoByte, std::atoi(argv[3]));
     return 0;
   }
   if (argc != 3) return 2;
