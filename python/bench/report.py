@@ -92,10 +92,11 @@ def measure(row_walk: str, path: Path, folder: Path, runs: int) -> Times:
 def memory_of_batches(path: Path) -> int:
     """Kilobytes at the highest of a process that goes through a file by batches."""
     script = (
-        "import qvslm, resource, sys\n"
+        "import qvslm, sys\n"
         "with qvslm.open(sys.argv[1]) as file:\n"
         "    rows = sum(len(a) for batch in file.batches() for a in batch.values())\n"
-        "print(resource.getrusage(resource.RUSAGE_SELF).ru_maxrss)\n"
+        "with open('/proc/self/status') as status:\n"
+        "    print(next(line.split()[1] for line in status if line.startswith('VmHWM')))\n"
     )
     done = subprocess.run(
         [sys.executable, "-c", script, path], capture_output=True, check=True, text=True
@@ -124,8 +125,11 @@ def print_peers(row_walk: str, folder: Path, runs: int) -> None:
     own = folder / "stream.qvd"
     values = RECORDS * SAMPLES_OF_RECORD
     subprocess.run([row_walk, "stream", own, str(values)], check=True)
-    rows = [("qvslm, arrays of records", "-", lambda: qvslm.read(own, "TimeHistory"))]
-    rows.append(("qvslm, series of samples", "-", lambda: qvslm.read(own).samples()))
+    records = f"{RECORDS} records of {SAMPLES_OF_RECORD} samples"
+    rows: list[tuple[str, str, Callable[[], object]]] = [
+        ("qvslm, arrays of records", records, lambda: qvslm.read(own, "TimeHistory")),
+        ("qvslm, series of samples", records, lambda: qvslm.read(own).samples()),
+    ]
     for module, name, what, make in peers.PEERS:
         if importlib.util.find_spec(module) is None:
             print(f"{name} is not installed.\n")

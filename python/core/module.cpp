@@ -193,14 +193,13 @@ nb::dict Columns(std::size_t kind, const ReadBytes& records) {
 }
 
 Bytes Series(const ReadBytes& records) {
-  std::vector<python::SeriesEntry> series;
+  python::Series series;
   {
     nb::gil_scoped_release const released;
     series = python::SeriesOf(records.data(), records.size() / sizeof(QvTimeHistory));
   }
-  auto* const bytes = reinterpret_cast<std::uint8_t*>(series.data());
-  std::size_t const size = series.size() * sizeof(python::SeriesEntry);
-  return Owned(std::move(series), bytes, size);
+  std::uint8_t* const bytes = series.entries.Bytes();
+  return Owned(std::move(series.entries), bytes, series.count * sizeof(python::SeriesEntry));
 }
 
 using Change = std::tuple<std::int64_t, std::int32_t, std::int32_t>;

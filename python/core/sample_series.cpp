@@ -11,8 +11,22 @@ namespace {
 
 constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
 constexpr std::int16_t kSample = -1;
-constexpr double kMicroseconds = 1e6;
 constexpr std::size_t kMostEntries = std::size(QvTimeHistory{}.FirstLevels);
+
+// The arrays are the user's, who may have changed any number.
+std::int16_t Small(float number) {
+  constexpr float most = 32767;
+  return number >= 0 && number <= most ? static_cast<std::int16_t>(number) : std::int16_t{0};
+}
+
+// Rounded.
+std::int64_t Microseconds(double seconds) {
+  constexpr double inSecond = 1e6;
+  constexpr double most = 1e12;
+  if (!(std::fabs(seconds) < most)) return 0;
+  double const half = seconds < 0 ? -0.5 : 0.5;
+  return static_cast<std::int64_t>(seconds * inSecond + half);
+}
 
 bool EndsRun(int mark) {
   return mark == 64 || mark == 80;
@@ -27,9 +41,11 @@ double BeginOf(const QvTimeHistory& record, double wouldGoOn) {
 
 }  // namespace
 
-std::vector<SeriesEntry> SeriesOf(const std::uint8_t* records, std::size_t count) {
-  std::vector<SeriesEntry> series;
-  series.reserve(count * kMostEntries);
+Series SeriesOf(const std::uint8_t* records, std::size_t count) {
+  Series series;
+  if (count == 0) return series;
+  series.entries.Grow(count * kMostEntries * sizeof(SeriesEntry));
+  auto* next = reinterpret_cast<SeriesEntry*>(series.entries.Bytes());
   double wouldGoOn = kNone;
   QvTimeHistory record;
   for (std::size_t at = 0; at < count; ++at) {
@@ -41,8 +57,7 @@ std::vector<SeriesEntry> SeriesOf(const std::uint8_t* records, std::size_t count
     int lastMark = kSample;
     std::size_t const entries = std::min<std::size_t>(record.EntryCount, kMostEntries);
     for (std::size_t entry = 0; entry < entries; ++entry) {
-      double const time = begin + samples * period;
-      SeriesEntry now{std::llround(time * kMicroseconds), kNone, kNone, kSample, kSample};
+      SeriesEntry now{Microseconds(begin + samples * period), kNone, kNone, kSample, kSample};
       float const first = record.FirstLevels[entry];
       float const second = record.SecondLevels[entry];
       if (first > 0) {
@@ -51,13 +66,15 @@ std::vector<SeriesEntry> SeriesOf(const std::uint8_t* records, std::size_t count
         ++samples;
         lastMark = kSample;
       } else {
-        lastMark = now.mark = static_cast<std::int16_t>(-first);
-        now.detail = static_cast<std::int16_t>(second);
+        lastMark = now.mark = Small(-first);
+        now.detail = Small(second);
       }
-      series.push_back(now);
+      *next++ = now;
     }
+    series.count += entries;
     wouldGoOn = EndsRun(lastMark) ? kNone : begin + samples * period;
   }
+  series.entries.Cut(series.count * sizeof(SeriesEntry));
   return series;
 }
 

@@ -3,9 +3,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
 #include "qvslm_records.h"
+#include "row_memory.h"
 
 namespace python {
 
@@ -18,7 +18,12 @@ struct SeriesEntry {
   std::int16_t detail;  // of a marker; -1 for a sample
 };
 
+struct Series {
+  RowMemory entries;
+  std::size_t count = 0;
+};
+
 // Of records in the order of the file, whose bytes may lie anywhere.
-std::vector<SeriesEntry> SeriesOf(const std::uint8_t* records, std::size_t count);
+Series SeriesOf(const std::uint8_t* records, std::size_t count);
 
 }  // namespace python
