@@ -129,6 +129,13 @@ TEST_F(ZoneTable, TakesAnHourForDaylightTimeThatNoneIsNear) {
   EXPECT_EQ(Ask(At(2020, 6, 1, 12), 1), (Answer{true, Utc(2020, 6, 1, 5, 30), 11, 0, 0, 0}));
 }
 
+TEST_F(ZoneTable, TakesAnHourForStandardTimeThatNoneIsNear) {
+  const QvZoneChange always[] = {{0, 2 * kHour, 1}};
+  Use(always);
+  EXPECT_EQ(Ask(At(2020, 6, 1, 12), 1), (Answer{true, Utc(2020, 6, 1, 10), 12, 0, 0, 1}));
+  EXPECT_EQ(Ask(At(2020, 6, 1, 12), 0), (Answer{true, Utc(2020, 6, 1, 11), 13, 0, 0, 1}));
+}
+
 // Daylight time of two hours from 2000 on is 229057200 seconds off at most, 381 strides of 601200.
 TEST_F(ZoneTable, SearchesForAFlagOverSevenYears) {
   i64 const change = Utc(2000, 1, 1);

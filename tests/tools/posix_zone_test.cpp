@@ -62,6 +62,24 @@ TEST(PosixZone, ByDays) {
             (std::vector<Row>{{Utc(2023, 2, 28, 23), 0, 0}, {Utc(2023, 3, 1, 2), 3600, 1}}));
 }
 
+// By a rule for daylight time in all the year, the end of one and the start of the next are one
+// instant, and the start comes behind.
+TEST(PosixZone, WithDaylightTimeForEver) {
+  EXPECT_EQ(Rows("XXX3EDT4,0/0,J365/23", 2024, 2025),
+            (std::vector<Row>{{Utc(2024, 1, 1, 3), -14400, 1},
+                              {Utc(2025, 1, 1, 3), -10800, 0},
+                              {Utc(2025, 1, 1, 3), -14400, 1},
+                              {Utc(2026, 1, 1, 3), -10800, 0}}));
+}
+
+// The leap day counts from March on; the fifth Monday of February 2021 would be the first of March.
+TEST(PosixZone, InJanuaryAndFebruary) {
+  EXPECT_EQ(Rows("AAA0BBB,J10,M2.5.1/0", 2024, 2024),
+            (std::vector<Row>{{Utc(2024, 1, 10, 2), 3600, 1}, {Utc(2024, 2, 25, 23), 0, 0}}));
+  EXPECT_EQ(Rows("AAA0BBB,J10,M2.5.1/0", 2021, 2021),
+            (std::vector<Row>{{Utc(2021, 1, 10, 2), 3600, 1}, {Utc(2021, 2, 21, 23), 0, 0}}));
+}
+
 // The hours of a rule go beyond its day.
 TEST(PosixZone, ByHoursOfOtherDays) {
   EXPECT_EQ(Rows("<-02>2<-01>,M3.5.0/-1,M10.5.0/0", 2024, 2024),
