@@ -16,7 +16,12 @@ class RowMemory {
       : bytes_(std::exchange(other.bytes_, nullptr)),
         room_(std::exchange(other.room_, 0)),
         mapped_(std::exchange(other.mapped_, false)) {}
-  RowMemory& operator=(RowMemory&&) = delete;
+  RowMemory& operator=(RowMemory&& other) noexcept {
+    std::swap(bytes_, other.bytes_);
+    std::swap(room_, other.room_);
+    std::swap(mapped_, other.mapped_);
+    return *this;
+  }
   ~RowMemory();
 
   std::uint8_t* Bytes() const { return bytes_; }
