@@ -51,6 +51,14 @@ class TestSources:
         assert len(qvslm.read(pipe)["Interval"]) == 1440
         writer.join()
 
+    def test_copies_are_removed(self, tmp_path: Path, monkeypatch: pytest.MonkeyPatch) -> None:
+        monkeypatch.setattr("tempfile.tempdir", str(tmp_path))
+        with qvslm.open(self.path.read_bytes()):
+            assert len(list(tmp_path.rglob("measurement"))) == 1
+        with pytest.raises(qvslm.Error):
+            qvslm.read(b"none")
+        assert list(tmp_path.iterdir()) == []
+
     def test_what_is_none(self, tmp_path: Path) -> None:
         with pytest.raises(TypeError, match="int is no path"):
             qvslm.read(3)  # type: ignore[arg-type]
@@ -96,6 +104,13 @@ def test_batches_are_the_whole(path: Path, rows: int) -> None:
     assert {name: b"".join(parts) for name, parts in pieces.items()} == {
         name: whole[name].tobytes() for name in whole
     }
+
+
+def test_a_walk_that_goes_on() -> None:
+    with qvslm.open(sample("general_day")) as file:
+        next(file.batches(rows=10))
+        status = file.status
+    assert (status.whole, status.reason, status.offset) == (False, "the walk goes on", None)
 
 
 def test_a_closed_file_gives_no_more() -> None:

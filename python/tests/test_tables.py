@@ -148,6 +148,21 @@ class TestParquet:
         assert command.main(["to-parquet", str(cut), "--to", str(out)]) == 3
         assert pq.read_metadata(out / "Interval" / "cut.qvd.parquet").num_rows > 0
 
+    def test_a_fault_leaves_what_was_there(
+        self, tmp_path: Path, monkeypatch: pytest.MonkeyPatch
+    ) -> None:
+        file = str(sample("general_day"))
+        assert command.main(["to-parquet", file, "--to", str(tmp_path)]) == 0
+        before = {path: path.read_bytes() for path in tmp_path.rglob("*") if path.is_file()}
+
+        def fail(*_: object) -> None:
+            raise OSError("no room")
+
+        monkeypatch.setattr("qvslm._parquet._Part.add", fail)
+        assert command.main(["to-parquet", file, "--to", str(tmp_path)]) == 1
+        after = {path: path.read_bytes() for path in tmp_path.rglob("*") if path.is_file()}
+        assert after == before
+
     def test_what_goes_wrong(self, tmp_path: Path, capsys: pytest.CaptureFixture[str]) -> None:
         assert command.main(["to-parquet", str(tmp_path / "none"), "--to", str(tmp_path)]) == 1
         assert "No such file" in capsys.readouterr().err

@@ -65,6 +65,34 @@ def test_every_value_is_the_dumped_one(host: Path, path: Path, tz: str | None, z
                 assert _as_dumped(own[field]) == theirs, (name, field)
 
 
+@pytest.mark.parametrize("path", SAMPLES, ids=lambda path: path.stem)
+def test_the_info_is_that_of_the_program(host: Path, path: Path) -> None:
+    lines = subprocess.run(
+        [host, "info", path],
+        env={**os.environ, "TZ": "Europe/Berlin"},
+        capture_output=True,
+        check=True,
+        text=True,
+    ).stdout.splitlines()
+    told: dict[str, list[str]] = {}
+    for line in lines:
+        told.setdefault(line[2:14].strip(), []).append(line[15:])
+    info = qvslm.read(path, tz="Europe/Berlin").info
+    own = {
+        "model": str(info.model),
+        "serial": info.serial,
+        "firmware": info.firmware,
+        "mode": info.mode,
+        "sites": str(info.sites) if info.sites > 0 else "",
+        "header time": info.header_time.isoformat() if info.header_time else "",
+        "start": info.start.isoformat() if info.start else "",
+        "last stop": info.last_stop.isoformat() if info.last_stop else "",
+        "last record": info.last_record.isoformat() if info.last_record else "",
+    }
+    assert {name: told.get(name, [""])[0] for name in own} == own
+    assert told.get("title", []) == [title for title in info.titles if title]
+
+
 def test_fields_are_views_of_the_records() -> None:
     rows = qvslm.read(SAMPLES[0])["Interval"]
     levels = rows["LevelA"]

@@ -99,7 +99,6 @@ def _pandas_column(column: Column, tz: str | None) -> "pd.Series[Any] | NDArray[
         return series if tz is None else series.dt.tz_localize("UTC").dt.tz_convert(tz)
     values = column.values
     if column.missing > 0:
-        values = values.copy()
         values[column.mask()] = 0 if column.field.kind == "time" else np.nan
     return pd.Series(list(values), dtype=object) if column.field.shape else values
 
