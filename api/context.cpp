@@ -6,7 +6,7 @@
 
 namespace qvslm {
 
-TranslateContext* CurrentContext = nullptr;
+constinit QVSLM_OF_THREAD TranslateContext* CurrentContext = nullptr;
 
 void ResetContext() {
   TranslateContext& context = *CurrentContext;

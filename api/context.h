@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <type_traits>
 
+#include "api/module_state.h"
 #include "qvslm_records.h"
 #include "qvslmtranslate.h"
 
@@ -152,7 +153,7 @@ static_assert(std::is_trivially_copyable_v<TranslateContext> &&
               std::is_standard_layout_v<TranslateContext>);
 
 // The context of the call in progress, and of the last call after it has returned.
-extern TranslateContext* CurrentContext;
+extern constinit QVSLM_OF_THREAD TranslateContext* CurrentContext;
 
 // Gives every field that does not outlive a file its starting value.
 void ResetContext();

@@ -5,6 +5,15 @@ set(public_headers ${PROJECT_SOURCE_DIR}/api/include)
 target_include_directories(qvslm_objects PRIVATE ${PROJECT_SOURCE_DIR} ${public_headers})
 set_target_properties(qvslm_objects PROPERTIES CXX_VISIBILITY_PRESET hidden
                                                VISIBILITY_INLINES_HIDDEN ON)
+if(QVSLM_READERS)
+  # What a module keeps beside the context belongs to the reader in hand: found through a pointer of
+  # the thread, which the linker places.
+  target_sources(qvslm_objects PRIVATE api/reader.cpp)
+  target_compile_definitions(qvslm_objects PRIVATE QVSLM_READERS)
+  if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    target_compile_options(qvslm_objects PRIVATE -ftls-model=initial-exec)
+  endif()
+endif()
 if(WIN32)
   # What the DLL exports is said by its list alone, so that the objects serve both libraries.
   target_compile_definitions(qvslm_objects PRIVATE QVSLMTRANSLATE_STATIC)

@@ -46,8 +46,8 @@ u32 PassItemsAhead(u8 type) {
   constexpr i64 kHead = 3;
   constexpr u32 kAlike = 4;
   const u8* next = BytesAhead(kHead);
-  if (next == nullptr || Reading.limitOffset > std::numeric_limits<i32>::max()) return 0;
-  const u8* const limit = Reading.limit;
+  if (next == nullptr || Reading->limitOffset > std::numeric_limits<i32>::max()) return 0;
+  const u8* const limit = Reading->limit;
   const u8* longest = next;  // the last one of the longest items
   u32 longestLength = 0;
   u32 length = 0;
@@ -79,7 +79,7 @@ u32 PassItemsAhead(u8 type) {
     std::memcpy(CurrentContext->RecordBuffer, item + kHead, size);
     item += kHead + size;
   }
-  Reading.next = next;
+  Reading->next = next;
   return passed;
 }
 

@@ -14,7 +14,7 @@
 
 namespace qvslm {
 
-ReadingPlace Reading{};
+ModuleState<ReadingPlace> Reading;
 
 namespace {
 
@@ -51,27 +51,34 @@ struct Window {
   }
 };
 
-Window windows[kWindows];
-int inUse = 0;  // the window that is read from
-u64 uses = 0;
-i64 streamPosition = kUnknown;  // where the C stream stands
-i64 endMet = kUnknown;          // where a read found no more bytes
-bool readFailed = false;        // the last refill came short by a fault, not by the end of the file
+struct FileWindows {
+  Window all[kWindows];
+  int inUse = 0;  // the window that is read from
+  u64 uses = 0;
+};
+ModuleState<FileWindows> windows;
+
+struct Stream {
+  i64 position = kUnknown;  // where the C stream stands
+  i64 endMet = kUnknown;    // where a read found no more bytes
+  bool failed = false;      // the last refill came short by a fault, not by the end of the file
+};
+ModuleState<Stream> stream;
 
 // Reads on in a window, from an offset within its bytes or right behind them.
 void ReadFrom(int at, i64 offset) {
-  Window& window = windows[at];
-  window.lastUse = ++uses;
-  inUse = at;
-  Reading.next = window.bytes + (offset - window.start);
-  Reading.limit = window.bytes + window.size;
-  Reading.limitOffset = window.start + static_cast<i64>(window.size);
+  Window& window = windows->all[at];
+  window.lastUse = ++windows->uses;
+  windows->inUse = at;
+  Reading->next = window.bytes + (offset - window.start);
+  Reading->limit = window.bytes + window.size;
+  Reading->limitOffset = window.start + static_cast<i64>(window.size);
 }
 
 // Reads on in a window that holds the offset, if there is one.
 bool ReadFromHolder(i64 offset) {
   for (int at = 0; at < kWindows; ++at) {
-    if (!windows[at].Holds(offset)) continue;
+    if (!windows->all[at].Holds(offset)) continue;
     ReadFrom(at, offset);
     return true;
   }
@@ -80,23 +87,24 @@ bool ReadFromHolder(i64 offset) {
 
 // Empties the window that was used the longest time ago, and reads on at the offset from there.
 void StartWindow(i64 offset) {
-  int oldest = inUse == 0 ? 1 : 0;
+  int oldest = windows->inUse == 0 ? 1 : 0;
   for (int at = 0; at < kWindows; ++at) {
-    if (at != inUse && windows[at].lastUse < windows[oldest].lastUse) oldest = at;
+    if (at != windows->inUse && windows->all[at].lastUse < windows->all[oldest].lastUse)
+      oldest = at;
   }
-  windows[oldest].start = offset;
-  windows[oldest].size = 0;
+  windows->all[oldest].start = offset;
+  windows->all[oldest].size = 0;
   ReadFrom(oldest, offset);
 }
 
 void ForgetWindows(std::FILE* file) {
-  for (Window& window : windows) window.size = 0;
+  for (Window& window : windows->all) window.size = 0;
   ForgetWays();
   ForgetPieces();
-  endMet = kUnknown;
-  streamPosition = kUnknown;
-  Reading.file = file;
-  Reading.seekable = false;
+  stream->endMet = kUnknown;
+  stream->position = kUnknown;
+  Reading->file = file;
+  Reading->seekable = false;
   StartWindow(0);
 }
 
@@ -106,42 +114,44 @@ void UseFile() {
   if (IsReading(file)) return;
   ForgetWindows(file);
   if (file == nullptr) return;
-  streamPosition = PositionOf(file);
-  Reading.seekable = streamPosition >= 0 && SeekTo(file, 0, SEEK_CUR) == 0;
-  StartWindow(std::max<i64>(streamPosition, 0));
+  stream->position = PositionOf(file);
+  Reading->seekable = stream->position >= 0 && SeekTo(file, 0, SEEK_CUR) == 0;
+  StartWindow(std::max<i64>(stream->position, 0));
 }
 
 bool SeekStream(i64 offset, int origin) {
-  bool const reached = SeekTo(Reading.file, offset, origin) == 0;
-  streamPosition = kUnknown;
+  bool const reached = SeekTo(Reading->file, offset, origin) == 0;
+  stream->position = kUnknown;
   return reached;
 }
 
 // Goes on behind the window, in one that holds the bytes there already, as after a step back, or in
 // one that is filled with them. False at the end of the file.
 bool Refill() {
-  if (Reading.file == nullptr) return false;
-  i64 const position = Reading.limitOffset;
+  if (Reading->file == nullptr) return false;
+  i64 const position = Reading->limitOffset;
   if (ReadFromHolder(position)) return true;
-  bool const started = windows[inUse].size == 0 && windows[inUse].start == position;
+  bool const started =
+      windows->all[windows->inUse].size == 0 && windows->all[windows->inUse].start == position;
   if (!started) StartWindow(position);
-  readFailed = Reading.seekable && streamPosition != position && !SeekStream(position, SEEK_SET);
-  if (readFailed) return false;
-  Window& window = windows[inUse];
-  window.size = std::fread(window.bytes, 1, kWindowSize, Reading.file);
-  ReadFrom(inUse, position);
-  streamPosition = Reading.limitOffset;
+  stream->failed =
+      Reading->seekable && stream->position != position && !SeekStream(position, SEEK_SET);
+  if (stream->failed) return false;
+  Window& window = windows->all[windows->inUse];
+  window.size = std::fread(window.bytes, 1, kWindowSize, Reading->file);
+  ReadFrom(windows->inUse, position);
+  stream->position = Reading->limitOffset;
   if (window.size == 0) {
     // Where searches come to the end of the file again and again, they leave no window behind
     // there.
-    if (endMet == position) window.lastUse = 0;
-    endMet = position;
+    if (stream->endMet == position) window.lastUse = 0;
+    stream->endMet = position;
   }
   if (window.size < kWindowSize) {
-    readFailed = std::ferror(Reading.file) != 0;
-    if (readFailed) streamPosition = kUnknown;
+    stream->failed = std::ferror(Reading->file) != 0;
+    if (stream->failed) stream->position = kUnknown;
     // The stream would keep saying that it has ended, also when the file grows.
-    std::clearerr(Reading.file);
+    std::clearerr(Reading->file);
   }
   return window.size > 0;
 }
@@ -166,15 +176,15 @@ void CloseDataFile() {
 
 i64 TakeUpPosition() {
   UseFile();
-  return Reading.limitOffset - (Reading.limit - Reading.next);
+  return Reading->limitOffset - (Reading->limit - Reading->next);
 }
 
 i32 SeekElsewhere(i64 offset) {
   UseFile();
-  if (!Reading.seekable || offset < 0) return -1;
+  if (!Reading->seekable || offset < 0) return -1;
   if (ReadFromHolder(offset)) return 0;
   if (!SeekStream(offset, SEEK_SET)) return -1;
-  streamPosition = offset;
+  stream->position = offset;
   StartWindow(offset);
   return 0;
 }
@@ -183,16 +193,16 @@ i32 SeekElsewhere(i64 offset) {
 // step.
 i32 SeekFromEnd(i64 distance) {
   UseFile();
-  for (Window& window : windows) window.size = 0;
-  if (!Reading.seekable || !SeekStream(distance, SEEK_END)) return -1;
-  streamPosition = PositionOf(Reading.file);
-  if (streamPosition < 0) return -1;
-  StartWindow(streamPosition);
+  for (Window& window : windows->all) window.size = 0;
+  if (!Reading->seekable || !SeekStream(distance, SEEK_END)) return -1;
+  stream->position = PositionOf(Reading->file);
+  if (stream->position < 0) return -1;
+  StartWindow(stream->position);
   return 0;
 }
 
 void TakeBytesAhead(void* target, std::size_t count) {
-  std::memcpy(target, Reading.next, count);
+  std::memcpy(target, Reading->next, count);
   PassBytes(count);
 }
 
@@ -201,11 +211,11 @@ std::size_t ReadAcrossWindows(void* target, std::size_t count) {
   auto* out = static_cast<u8*>(target);
   std::size_t left = count;
   while (left > 0) {
-    if (Reading.next == Reading.limit && !Refill()) break;
+    if (Reading->next == Reading->limit && !Refill()) break;
     std::size_t const piece =
-        std::min(left, static_cast<std::size_t>(Reading.limit - Reading.next));
-    std::memcpy(out, Reading.next, piece);
-    Reading.next += piece;
+        std::min(left, static_cast<std::size_t>(Reading->limit - Reading->next));
+    std::memcpy(out, Reading->next, piece);
+    Reading->next += piece;
     out += piece;
     left -= piece;
   }
@@ -213,22 +223,23 @@ std::size_t ReadAcrossWindows(void* target, std::size_t count) {
 }
 
 bool ReadFailed() {
-  return readFailed;
+  return stream->failed;
 }
 
 LineRead ReadLine(char* text, std::size_t size) {
   UseFile();
   LineRead line;
   while (!line.complete) {
-    if (Reading.next == Reading.limit && !Refill()) break;
+    if (Reading->next == Reading->limit && !Refill()) break;
     std::size_t const room =
-        std::min(size - 1 - line.length, static_cast<std::size_t>(Reading.limit - Reading.next));
-    const void* const feed = std::memchr(Reading.next, '\n', room);
+        std::min(size - 1 - line.length, static_cast<std::size_t>(Reading->limit - Reading->next));
+    const void* const feed = std::memchr(Reading->next, '\n', room);
     std::size_t const piece =
-        feed == nullptr ? room
-                        : static_cast<std::size_t>(static_cast<const u8*>(feed) - Reading.next) + 1;
-    std::memcpy(text + line.length, Reading.next, piece);
-    Reading.next += piece;
+        feed == nullptr
+            ? room
+            : static_cast<std::size_t>(static_cast<const u8*>(feed) - Reading->next) + 1;
+    std::memcpy(text + line.length, Reading->next, piece);
+    Reading->next += piece;
     line.length += piece;
     line.complete = feed != nullptr || line.length == size - 1;
   }

@@ -27,10 +27,10 @@ struct ReadingPlace {
   std::FILE* file;
   bool seekable;
 };
-extern ReadingPlace Reading;
+extern ModuleState<ReadingPlace> Reading;
 
 inline bool IsReading(std::FILE* file) {
-  return file != nullptr && file == Reading.file;
+  return file != nullptr && file == Reading->file;
 }
 
 // Where the next byte is read.
@@ -38,14 +38,14 @@ i64 TakeUpPosition();
 inline i64 FilePosition() {
   if (!IsReading(CurrentContext->File)) [[unlikely]]
     return TakeUpPosition();
-  return Reading.limitOffset - (Reading.limit - Reading.next);
+  return Reading->limitOffset - (Reading->limit - Reading->next);
 }
 
 // Moves to an offset from the start, or from the end (0 or below). 0, or -1 when that cannot be:
 // the file is no file to seek in, or the place lies before its start.
 i32 SeekElsewhere(i64 offset);
 inline i32 SeekDataFile(i64 offset) {
-  bool const here = FilePosition() == offset && Reading.seekable;
+  bool const here = FilePosition() == offset && Reading->seekable;
   return here ? 0 : SeekElsewhere(offset);
 }
 i32 SeekFromEnd(i64 distance);
@@ -53,11 +53,11 @@ i32 SeekFromEnd(i64 distance);
 // The bytes ahead, where the window holds as many, else null. PassBytes goes behind them.
 inline const u8* BytesAhead(std::size_t count) {
   bool const ahead = IsReading(CurrentContext->File) &&
-                     count <= static_cast<std::size_t>(Reading.limit - Reading.next);
-  return ahead ? Reading.next : nullptr;
+                     count <= static_cast<std::size_t>(Reading->limit - Reading->next);
+  return ahead ? Reading->next : nullptr;
 }
 inline void PassBytes(std::size_t count) {
-  Reading.next += count;
+  Reading->next += count;
 }
 
 // Takes bytes that BytesAhead has found. A call of its own: where compilers know a bound of the

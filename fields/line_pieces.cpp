@@ -17,10 +17,13 @@ struct Pieces {
   u32 kind;
   std::vector<Passed> byDistance;
 };
-std::vector<Pieces> allPieces;
+struct PieceMemory {
+  std::vector<Pieces> all;
+};
+ModuleState<PieceMemory> memory;
 
 Passed* FindPassed(u32 kind, std::size_t length, i32 place) {
-  for (Pieces& pieces : allPieces) {
+  for (Pieces& pieces : memory->all) {
     if (pieces.kind == kind) return &pieces.byDistance[static_cast<std::size_t>(place) % length];
   }
   return nullptr;
@@ -38,7 +41,7 @@ void PiecePassed(u32 kind, std::size_t length, i32 place) {
   Passed* passed = FindPassed(kind, length, place);
   if (passed == nullptr) {
     try {
-      allPieces.push_back({kind, std::vector<Passed>(length)});
+      memory->all.push_back({kind, std::vector<Passed>(length)});
     } catch (const std::bad_alloc&) {
       return;
     }
@@ -50,7 +53,7 @@ void PiecePassed(u32 kind, std::size_t length, i32 place) {
 }
 
 void ForgetPieces() {
-  allPieces.clear();
+  memory->all.clear();
 }
 
 }  // namespace qvslm

@@ -48,7 +48,10 @@ Calendar FromBrokenDown(const std::tm& stamp) {
 // How often the zone is asked for single stamps. A file with stamps of more days goes by whole
 // years.
 constexpr int kMostAsked = 1200;
-int asked = 0;
+struct Asked {
+  int count = 0;
+};
+ModuleState<Asked> asked;
 
 Instant AskForInstant(const Calendar& calendar, i32 flag) {
   Calendar stamp = calendar;
@@ -85,8 +88,8 @@ Instant FindInstant(const Calendar& calendar, i32 flag) {
 }
 
 Instant Convert(const Calendar& calendar, i32 flag) {
-  if (asked >= kMostAsked) return FindInstant(calendar, flag);
-  ++asked;
+  if (asked->count >= kMostAsked) return FindInstant(calendar, flag);
+  ++asked->count;
   return AskForInstant(calendar, flag);
 }
 
@@ -123,8 +126,11 @@ struct Remembered {
 
 constexpr int kDaysKept = 32;
 constexpr int kHoursKept = 24;
-Remembered days[kDaysKept];
-Remembered hours[kHoursKept];  // of the days on which the clock changes
+struct LocalTimeMemory {
+  Remembered days[kDaysKept];
+  Remembered hours[kHoursKept];  // of the days on which the clock changes
+};
+ModuleState<LocalTimeMemory> memory;
 
 // Whether a number lies from 0 up to below an end.
 bool IsBelow(i32 number, u32 end) {
@@ -152,17 +158,17 @@ void TakeUp(Stretch& stretch, Calendar first, Calendar last, i32 flag, i32 lengt
   stretch.plain = IsClockOf(stamp, first) && IsClockOf(end.stamp, last);
 }
 
-Remembered& Recall(Remembered& memory, i64 key) {
-  if (memory.key != key) {
-    memory.key = key;
-    for (Stretch& stretch : memory.byFlag) stretch.known = false;
+Remembered& Recall(Remembered& place, i64 key) {
+  if (place.key != key) {
+    place.key = key;
+    for (Stretch& stretch : place.byFlag) stretch.known = false;
   }
-  return memory;
+  return place;
 }
 
 Remembered& RecallDay(const Calendar& calendar) {
   i64 const key = (i64{calendar.Year} * 12 + calendar.Month) * 32 + calendar.Day;
-  return Recall(days[calendar.Day % kDaysKept], key);
+  return Recall(memory->days[calendar.Day % kDaysKept], key);
 }
 
 const Stretch& StretchOfDay(Remembered& day, const Calendar& calendar, i32 flag) {
@@ -179,7 +185,7 @@ const Stretch& StretchOfDay(Remembered& day, const Calendar& calendar, i32 flag)
 }
 
 const Stretch& StretchOfHour(i64 dayKey, const Calendar& calendar, i32 flag) {
-  Remembered& hour = Recall(hours[calendar.Hour], dayKey);
+  Remembered& hour = Recall(memory->hours[calendar.Hour], dayKey);
   Stretch& stretch = hour.byFlag[flag + 1];
   if (!stretch.known) {
     Calendar first = calendar;
@@ -244,11 +250,11 @@ bool AskZone(Calendar& calendar, i32 flag, i64& seconds) {
 }
 
 void ForgetLocalTime() {
-  asked = 0;
+  asked->count = 0;
   ForgetLocalYears();
   ForgetLastAnswer();
-  for (Remembered& day : days) day.key = Remembered::kNoKey;
-  for (Remembered& hour : hours) hour.key = Remembered::kNoKey;
+  for (Remembered& day : memory->days) day.key = Remembered::kNoKey;
+  for (Remembered& hour : memory->hours) hour.key = Remembered::kNoKey;
 }
 
 TwoReadings LocalSecondsByTwoFlags(const Calendar& calendar, i32 first, i32 second) {

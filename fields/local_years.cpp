@@ -32,9 +32,12 @@ struct Year {
   u16 count;  // 0: not learned
 };
 
-Stretch stretches[kMostStretches];
-u32 stretchCount = 0;
-Year years[kYearsKept][2];
+struct YearMemory {
+  Stretch stretches[kMostStretches];
+  u32 stretchCount;
+  Year years[kYearsKept][2];
+};
+ModuleState<YearMemory> memory;
 
 // The year that is learned.
 struct Lesson {
@@ -69,9 +72,11 @@ Stretch Ask(const Lesson& lesson, i32 second) {
 }
 
 void Add(Lesson& lesson, const Stretch& stretch) {
-  if (stretchCount > lesson.first && stretches[stretchCount - 1].IsLike(stretch)) return;
-  lesson.hasRoom = lesson.hasRoom && stretchCount < kMostStretches;
-  if (lesson.hasRoom) stretches[stretchCount++] = stretch;
+  if (memory->stretchCount > lesson.first &&
+      memory->stretches[memory->stretchCount - 1].IsLike(stretch))
+    return;
+  lesson.hasRoom = lesson.hasRoom && memory->stretchCount < kMostStretches;
+  if (lesson.hasRoom) memory->stretches[memory->stretchCount++] = stretch;
 }
 
 // A day, hour, minute or second.
@@ -138,17 +143,17 @@ void Learn(Lesson& lesson) {
 }  // namespace
 
 bool FindInYear(i32 year, i32 secondOfYear, i32 flag, LocalInstant& result) {
-  Year& kept = years[year][flag];
+  Year& kept = memory->years[year][flag];
   if (kept.count == 0) {
-    Lesson lesson{year, flag, stretchCount};
+    Lesson lesson{year, flag, memory->stretchCount};
     Learn(lesson);
     if (!lesson.hasRoom) {
-      stretchCount = lesson.first;
+      memory->stretchCount = lesson.first;
       return false;
     }
-    kept = {static_cast<u16>(lesson.first), static_cast<u16>(stretchCount - lesson.first)};
+    kept = {static_cast<u16>(lesson.first), static_cast<u16>(memory->stretchCount - lesson.first)};
   }
-  const Stretch* const first = stretches + kept.first;
+  const Stretch* const first = memory->stretches + kept.first;
   const Stretch* const end = first + kept.count;
   const Stretch* const next =
       std::upper_bound(first, end, secondOfYear,
@@ -162,9 +167,9 @@ bool FindInYear(i32 year, i32 secondOfYear, i32 flag, LocalInstant& result) {
 }
 
 void ForgetLocalYears() {
-  if (stretchCount == 0) return;
-  stretchCount = 0;
-  for (auto& year : years) std::fill(std::begin(year), std::end(year), Year{});
+  if (memory->stretchCount == 0) return;
+  memory->stretchCount = 0;
+  for (auto& year : memory->years) std::fill(std::begin(year), std::end(year), Year{});
 }
 
 }  // namespace qvslm

@@ -7,30 +7,28 @@
 
 namespace qvslm {
 
-i16 DstHint = 0;
-i32 DstSpanStart = 0;
-i32 DstSpanEnd = 0;
-RunningTimes LastTimes{};
+ModuleState<DaylightSpan> Dst;
+ModuleState<RunningTimes> LastTimes;
 
 void ForgetDaylightSpan() {
-  DstSpanEnd = 0;
-  DstSpanStart = std::numeric_limits<i32>::min();
-  DstHint = -1;
+  Dst->End = 0;
+  Dst->Start = std::numeric_limits<i32>::min();
+  Dst->Hint = -1;
 }
 
 void ForgetRunningTimes() {
-  LastTimes = {};
+  *LastTimes = {};
 }
 
 i32 NormalizeTime(Calendar& calendar, i32* slot) {
-  auto const [hinted, plain] = LocalSecondsByTwoFlags(calendar, DstHint, calendar.DaylightFlag);
+  auto const [hinted, plain] = LocalSecondsByTwoFlags(calendar, Dst->Hint, calendar.DaylightFlag);
   i32 seconds = hinted;
   if (slot != nullptr) {
     if (hinted < *slot) seconds = plain;
     *slot = seconds;
   }
-  if (seconds < DstSpanStart || seconds > DstSpanEnd) return plain;
-  calendar.DaylightFlag = DstHint;
+  if (seconds < Dst->Start || seconds > Dst->End) return plain;
+  calendar.DaylightFlag = Dst->Hint;
   return hinted;
 }
 
@@ -52,22 +50,22 @@ void NoteDstEvent(const Calendar& calendar, i16 event) {
   bool const morningOfChange =
       today == 0 && before == 1 && (calendar.Hour == 1 || calendar.Hour == 2);
   if (morningOfChange) {
-    copy.DaylightFlag = event == 64 ? 0 : DstHint;
-  } else if (DstHint >= 0 && DstSpanEnd == 0) {
-    copy.DaylightFlag = DstHint;
+    copy.DaylightFlag = event == 64 ? 0 : Dst->Hint;
+  } else if (Dst->Hint >= 0 && Dst->End == 0) {
+    copy.DaylightFlag = Dst->Hint;
   }
   i32 const seconds = LocalSeconds(copy);
 
-  if (event == 0 && DstSpanEnd == 0 && copy.DaylightFlag != DstHint && DstHint > -1) {
-    DstSpanEnd = seconds;
+  if (event == 0 && Dst->End == 0 && copy.DaylightFlag != Dst->Hint && Dst->Hint > -1) {
+    Dst->End = seconds;
     return;
   }
   if (event == 64) {
-    if (DstHint < 0) {
-      DstSpanStart = seconds;
-      DstHint = static_cast<i16>(copy.DaylightFlag);
-    } else if (copy.DaylightFlag == DstHint) {
-      DstSpanStart = seconds;
+    if (Dst->Hint < 0) {
+      Dst->Start = seconds;
+      Dst->Hint = static_cast<i16>(copy.DaylightFlag);
+    } else if (copy.DaylightFlag == Dst->Hint) {
+      Dst->Start = seconds;
     }
   }
 }

@@ -8,9 +8,12 @@
 
 namespace qvslm {
 
-extern i16 DstHint;       // the daylight flag at the file's first run start; -1 until one was seen
-extern i32 DstSpanStart;  // the span in which the hint rules
-extern i32 DstSpanEnd;
+struct DaylightSpan {
+  i16 Hint = 0;   // the daylight flag at the file's first run start; -1 until one was seen
+  i32 Start = 0;  // the span in which the hint rules
+  i32 End = 0;
+};
+extern ModuleState<DaylightSpan> Dst;
 
 struct RunningTimes {
   i32 LastTimeRec1;
@@ -28,7 +31,7 @@ struct RunningTimes {
   i32 LastTimeRec131;
   i32 LastTimeRec132;
 };
-extern RunningTimes LastTimes;
+extern ModuleState<RunningTimes> LastTimes;
 
 void ForgetDaylightSpan();
 void ForgetRunningTimes();

@@ -40,22 +40,27 @@ struct KnownPoint {
   u64 end = kNoEnd;
 };
 
-std::vector<KnownPoint> places;
-std::size_t pointCount = 0;
-i64 stretch = kFirstStretch;
-
-std::vector<WayEnd> ends;
-u64 nextToGiveUp = 0;
-
 // The search in hand: points whose way has not ended, in their order, and the steps that no later
 // one has written over, by what they leave. Their reaches fall.
 struct Step {
   WayPoint point;
   u16 reach;
 };
-std::vector<WayPoint> openPoints;
-std::vector<Step> textSteps;
-std::vector<Step> recordSteps;
+struct SearchInHand {
+  std::vector<WayPoint> openPoints;
+  std::vector<Step> textSteps;
+  std::vector<Step> recordSteps;
+};
+ModuleState<SearchInHand> search;
+
+struct WayMemory {
+  std::vector<KnownPoint> places;
+  std::size_t pointCount = 0;
+  i64 stretch = kFirstStretch;
+  std::vector<WayEnd> ends;
+  u64 nextToGiveUp = 0;
+};
+ModuleState<WayMemory> memory;
 
 bool IsBefore(WayPoint a, WayPoint b) {
   return a.at != b.at ? a.at < b.at : a.entry < b.entry;
@@ -70,30 +75,31 @@ KnownPoint& PlaceOf(u32 kind, WayPoint point) {
   u64 const mixed = (u64{static_cast<u32>(point.at)} + (u64{kind} << 36) +
                      (u64{static_cast<u32>(point.entry)} << 44)) *
                     0x9E3779B97F4A7C15U;
-  std::size_t at = static_cast<std::size_t>(mixed >> 40) & (places.size() - 1);
-  while (places[at].kind != 0 && !(places[at].kind == kind && IsSame(places[at].point, point))) {
-    at = (at + 1) & (places.size() - 1);
+  std::size_t at = static_cast<std::size_t>(mixed >> 40) & (memory->places.size() - 1);
+  while (memory->places[at].kind != 0 &&
+         !(memory->places[at].kind == kind && IsSame(memory->places[at].point, point))) {
+    at = (at + 1) & (memory->places.size() - 1);
   }
-  return places[at];
+  return memory->places[at];
 }
 
 void DropOpenPoints() {
-  openPoints.clear();
-  textSteps.clear();
-  recordSteps.clear();
+  search->openPoints.clear();
+  search->textSteps.clear();
+  search->recordSteps.clear();
 }
 
 void Forget() {
-  places.clear();
-  pointCount = 0;
-  ends.clear();
-  nextToGiveUp = 0;
+  memory->places.clear();
+  memory->pointCount = 0;
+  memory->ends.clear();
+  memory->nextToGiveUp = 0;
   DropOpenPoints();
 }
 
 void GrowPlaces() {
-  std::vector<KnownPoint> before(std::max(kFirstPlaces, places.size() * 2));
-  before.swap(places);
+  std::vector<KnownPoint> before(std::max(kFirstPlaces, memory->places.size() * 2));
+  before.swap(memory->places);
   for (const KnownPoint& known : before) {
     if (known.kind != 0) PlaceOf(known.kind, known.point) = known;
   }
@@ -101,36 +107,36 @@ void GrowPlaces() {
 
 // Keeps a point, as one of a way that has not ended. False when there is no room.
 bool Keep(u32 kind, WayPoint point, std::size_t order) {
-  bool const full = pointCount >= places.size() / 4 * 3;
-  if (full && places.size() == kMostPlaces) return false;
+  bool const full = memory->pointCount >= memory->places.size() / 4 * 3;
+  if (full && memory->places.size() == kMostPlaces) return false;
   if (full) GrowPlaces();
   KnownPoint& known = PlaceOf(kind, point);
-  if (known.kind == 0) ++pointCount;
+  if (known.kind == 0) ++memory->pointCount;
   known = {point, kind, {}, kNoEnd};
-  openPoints.insert(openPoints.begin() + static_cast<std::ptrdiff_t>(order), point);
+  search->openPoints.insert(search->openPoints.begin() + static_cast<std::ptrdiff_t>(order), point);
   return true;
 }
 
 WayEnd* FindEnd(u64 number) {
   if (number == kNoEnd) return nullptr;
-  WayEnd& end = ends[number % kMostEnds];
+  WayEnd& end = memory->ends[number % kMostEnds];
   return end.number == number ? &end : nullptr;
 }
 
 // A free end: a new one, or the place of one that no search has met of late.
 WayEnd& TakeEnd() {
-  if (ends.size() < kMostEnds) {
-    u64 const place = ends.size();
-    ends.emplace_back().number = place + kMostEnds;
-    return ends.back();
+  if (memory->ends.size() < kMostEnds) {
+    u64 const place = memory->ends.size();
+    memory->ends.emplace_back().number = place + kMostEnds;
+    return memory->ends.back();
   }
-  while (ends[nextToGiveUp].used) {
-    ends[nextToGiveUp].used = false;
-    nextToGiveUp = (nextToGiveUp + 1) % kMostEnds;
+  while (memory->ends[memory->nextToGiveUp].used) {
+    memory->ends[memory->nextToGiveUp].used = false;
+    memory->nextToGiveUp = (memory->nextToGiveUp + 1) % kMostEnds;
   }
-  WayEnd& end = ends[nextToGiveUp];
+  WayEnd& end = memory->ends[memory->nextToGiveUp];
   end.number += kMostEnds;
-  nextToGiveUp = (nextToGiveUp + 1) % kMostEnds;
+  memory->nextToGiveUp = (memory->nextToGiveUp + 1) % kMostEnds;
   return end;
 }
 
@@ -177,7 +183,7 @@ void TakeBack(std::vector<Step>& steps, WayPoint point, u16& reach) {
 // What the steps from the first open point on leave behind.
 u16 LongestReach(const std::vector<Step>& steps, u16 reach) {
   auto const first = std::find_if(steps.begin(), steps.end(), [](const Step& step) {
-    return !IsBefore(step.point, openPoints.front());
+    return !IsBefore(step.point, search->openPoints.front());
   });
   return first == steps.end() ? reach : std::max(reach, first->reach);
 }
@@ -185,17 +191,17 @@ u16 LongestReach(const std::vector<Step>& steps, u16 reach) {
 // No room for more: starts anew and keeps less of what comes.
 void ForgetAndWiden() {
   Forget();
-  stretch *= 2;
+  memory->stretch *= 2;
 }
 
 }  // namespace
 
 void ForgetWays() {
   Forget();
-  places.shrink_to_fit();
-  ends.shrink_to_fit();
-  openPoints.shrink_to_fit();
-  stretch = kFirstStretch;
+  memory->places.shrink_to_fit();
+  memory->ends.shrink_to_fit();
+  search->openPoints.shrink_to_fit();
+  memory->stretch = kFirstStretch;
 }
 
 Way::Way(u32 kind, char* text) : kind_(kind), text_(text) {
@@ -225,8 +231,8 @@ bool Way::WithMemory(Work work) {
 bool Way::RecallOrKeep(WayPoint& point) {
   if (!begun_) start_ = point;
   begun_ = true;
-  nextStretch_ = (point.at / stretch + 1) * stretch;
-  if (!places.empty()) {
+  nextStretch_ = (point.at / memory->stretch + 1) * memory->stretch;
+  if (!memory->places.empty()) {
     KnownPoint const known = PlaceOf(kind_, point);
     if (WayEnd* const end = FindEnd(known.end)) {
       point = end->point;
@@ -237,8 +243,8 @@ bool Way::RecallOrKeep(WayPoint& point) {
     }
   }
   i64 const way = i64{point.at} - start_.at;
-  bool hasRoom = way < kBytesUnkept || Keep(kind_, point, openPoints.size());
-  if (hasRoom && !startKept_ && way >= kStretchesOfLong * stretch) {
+  bool hasRoom = way < kBytesUnkept || Keep(kind_, point, search->openPoints.size());
+  if (hasRoom && !startKept_ && way >= kStretchesOfLong * memory->stretch) {
     startKept_ = true;
     hasRoom = Keep(kind_, start_, 0);
   }
@@ -256,7 +262,8 @@ bool Way::Recall(WayPoint& point) {
 void Way::Passed(WayPoint point, Leaves leaves, u32 reach) {
   if (leaves == Leaves::Nothing) return;
   WithMemory([&] {
-    PutOver(leaves == Leaves::Text ? textSteps : recordSteps, {point, static_cast<u16>(reach)});
+    PutOver(leaves == Leaves::Text ? search->textSteps : search->recordSteps,
+            {point, static_cast<u16>(reach)});
     return true;
   });
 }
@@ -272,16 +279,16 @@ void Way::Ended(WayPoint point) {
 // it is met the reaches are left behind. Longer steps before that make it an end of its own, as a
 // new one is.
 void Way::Join(u64 end, WayPoint endPoint, Reaches reaches) {
-  if (openPoints.empty()) return Begin();
-  Reaches const longest = {LongestReach(textSteps, reaches.text),
-                           LongestReach(recordSteps, reaches.record)};
+  if (search->openPoints.empty()) return Begin();
+  Reaches const longest = {LongestReach(search->textSteps, reaches.text),
+                           LongestReach(search->recordSteps, reaches.record)};
   bool const fits =
       end != kNoEnd && longest.text == reaches.text && longest.record == reaches.record;
   if (!fits) end = EndWith(endPoint, text_, longest);
-  for (; !openPoints.empty(); openPoints.pop_back()) {
-    WayPoint const point = openPoints.back();
-    TakeBack(textSteps, point, reaches.text);
-    TakeBack(recordSteps, point, reaches.record);
+  for (; !search->openPoints.empty(); search->openPoints.pop_back()) {
+    WayPoint const point = search->openPoints.back();
+    TakeBack(search->textSteps, point, reaches.text);
+    TakeBack(search->recordSteps, point, reaches.record);
     KnownPoint& known = PlaceOf(kind_, point);
     known.reaches = reaches;
     known.end = end;

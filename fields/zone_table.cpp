@@ -18,13 +18,13 @@ struct ZoneTable {
   size_t count = 0;
   i64 lastBack = 0;  // by so much the answer before lies behind its stamp as a clock of UTC has it
 };
-ZoneTable table;
+ModuleState<ZoneTable> table;
 
 // The change that an instant goes by. All time before the second one belongs to the first.
 const QvZoneChange& ChangeAt(i64 seconds) {
-  const QvZoneChange* const end = table.changes + table.count;
+  const QvZoneChange* const end = table->changes + table->count;
   const QvZoneChange* const next = std::upper_bound(
-      table.changes + 1, end, seconds,
+      table->changes + 1, end, seconds,
       [](i64 instant, const QvZoneChange& change) { return instant < change.From; });
   return *(next - 1);
 }
@@ -59,7 +59,7 @@ std::optional<Shown> Show(i64 seconds) {
 // one asked for; nothing where both have the same.
 std::optional<Shown> FindClock(i64 local, bool daylight) {
   constexpr int kMostGuesses = 6;
-  i64 guess = local + table.lastBack;
+  i64 guess = local + table->lastBack;
   i64 before = guess;
   i64 beforeThat = guess;
   for (int guesses = 0; guesses < kMostGuesses; ++guesses) {
@@ -92,11 +92,11 @@ std::optional<Shown> FindWithFlag(const Shown& shown, bool daylight) {
 }  // namespace
 
 bool ZoneIsTable() {
-  return table.changes != nullptr;
+  return table->changes != nullptr;
 }
 
 void ForgetLastAnswer() {
-  table.lastBack = 0;
+  table->lastBack = 0;
 }
 
 bool AskTable(Calendar& calendar, i32 flag, i64& seconds) {
@@ -109,7 +109,7 @@ bool AskTable(Calendar& calendar, i32 flag, i64& seconds) {
   if (shown && shown->local == local && shown->daylight != daylight)
     shown = FindWithFlag(*shown, daylight);
   if (shown) {
-    table.lastBack = shown->seconds - local;
+    table->lastBack = shown->seconds - local;
     shown = Show(shown->seconds + calendar.Second - inMinute.Second);
   }
   if (!shown) {
@@ -132,6 +132,6 @@ Calendar TableCalendar(i64 seconds) {
 
 void QvUseZone(const QvZoneChange* changes, size_t count) {
   bool const given = changes != nullptr && count > 0;
-  qvslm::table = given ? qvslm::ZoneTable{changes, count} : qvslm::ZoneTable{};
+  *qvslm::table = given ? qvslm::ZoneTable{changes, count} : qvslm::ZoneTable{};
   qvslm::ForgetLocalTime();
 }

@@ -69,7 +69,7 @@ i32 DecodeRec2Model442Mode0() {
   }
 
   KeepFilePosition();
-  record.RecordTime = NormalizeTime(stamp, &LastTimes.LastTimeRec2Mode0);
+  record.RecordTime = NormalizeTime(stamp, &LastTimes->LastTimeRec2Mode0);
   NoteRecordTime(record.RecordTime);
   return 0;  // also for a short body
 }

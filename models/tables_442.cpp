@@ -25,7 +25,7 @@ i32 DecodeRec2Model442Mode4() {
   auto& record = BeginRecord<QvBandTable>(QV_BAND_TABLE);
   BodyFields fields;
   record.RecordIndex = static_cast<u32>(++context.FetchIndex2);
-  record.RecordTime = DecodeStamp(fields, LastTimes.LastTimeRec2Mode4);
+  record.RecordTime = DecodeStamp(fields, LastTimes->LastTimeRec2Mode4);
   DecodeU16Short(fields, record.Word6);
   fields.Raw(reinterpret_cast<u8*>(record.Text8), sizeof record.Text8 - 1);
   DecodeLevel(fields, record.Level16);
@@ -41,7 +41,7 @@ i32 DecodeRec2Model442Mode5() {
   auto& record = BeginRecord<QvNarrowTable>(QV_NARROW_TABLE);
   BodyFields fields;
   record.RecordIndex = static_cast<u32>(++context.FetchIndex2);
-  record.RecordTime = DecodeStamp(fields, LastTimes.LastTimeRec2Mode5);
+  record.RecordTime = DecodeStamp(fields, LastTimes->LastTimeRec2Mode5);
   DecodeU16Short(fields, record.Word6);
   record.Byte8 = fields.Byte();
   DecodeLevel(fields, record.Level9);

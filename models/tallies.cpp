@@ -44,7 +44,7 @@ i32 DecodeRec2Model442Mode7() {
   auto& head = BeginRecord<QvTallyLevels>(QV_NO_RECORD);
   BodyFields fields;
   Calendar stamp = DecodePackedStamp(fields);
-  i32 const seconds = NormalizeTime(stamp, &LastTimes.LastTimeRec2Mode7);
+  i32 const seconds = NormalizeTime(stamp, &LastTimes->LastTimeRec2Mode7);
   f32 duration = 0;
   DecodeDuration5(fields, duration);
   u8 const byte11 = fields.Byte();

@@ -29,7 +29,7 @@ i32 DecodeRec1Mode4() {
 
   BodyFields fields;
   Calendar stamp = DecodePackedStamp(fields);
-  record.RecordTime = NormalizeTime(stamp, &LastTimes.LastTimeRec1Mode4);
+  record.RecordTime = NormalizeTime(stamp, &LastTimes->LastTimeRec1Mode4);
   DecodeDuration(fields, record.Duration, 6);
   fields.Skip(3);
   DecodeU16Short(fields, record.BandValueA);

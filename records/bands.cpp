@@ -69,7 +69,7 @@ i32 TimeOfLevelMark(u32 number) {
   fields.Skip(1);
   Calendar stamp = DecodePackedStamp(fields);
   NoteStatus(fields);
-  return NormalizeTime(stamp, &LastTimes.LastTimeRec131);
+  return NormalizeTime(stamp, &LastTimes->LastTimeRec131);
 }
 
 i32 TimeOfSummary(u32 number) {
@@ -77,7 +77,7 @@ i32 TimeOfSummary(u32 number) {
   BodyFields fields;
   Calendar stamp = DecodePackedStamp(fields);
   NoteStatus(fields);
-  return NormalizeTime(stamp, &LastTimes.LastTimeRec130);
+  return NormalizeTime(stamp, &LastTimes->LastTimeRec130);
 }
 
 // The interval's start, as the interval's own record has it.
@@ -135,7 +135,7 @@ i32 DecodeRec129() {
     record.OverallLevel = BandLevel(BodyAt(209));
   }
   if (context.ErrorCode >= 0) {
-    record.RecordTime = TimeOfInterval(record.OwnerNumber, &LastTimes.LastTimeRec129);
+    record.RecordTime = TimeOfInterval(record.OwnerNumber, &LastTimes->LastTimeRec129);
   }
   return context.ErrorCode;
 }
@@ -154,7 +154,7 @@ i32 DecodeRec132() {
   ConvertBands(record.Bands, 69);
   if (context.ErrorCode >= 0) {
     if (owner != context.Owner132) {
-      context.OwnerTime132 = TimeOfInterval(record.OwnerNumber, &LastTimes.LastTimeRec132);
+      context.OwnerTime132 = TimeOfInterval(record.OwnerNumber, &LastTimes->LastTimeRec132);
       context.Owner132 = owner;
     }
     record.RecordTime = context.OwnerTime132;

@@ -130,7 +130,7 @@ i32 DecodeRec3() {
   }
   if (HasDistribution()) status = DecodeDistribution(fields, record);
 
-  record.RecordTime = NormalizeTime(stamp, &LastTimes.LastTimeRec3);
+  record.RecordTime = NormalizeTime(stamp, &LastTimes->LastTimeRec3);
   NoteRecordTime(record.RecordTime);
   return status;
 }

@@ -32,7 +32,7 @@ i32 DecodeRec4() {
   DecodeU16Short(fields, record.EventValue16);
   record.EventValue24 = DecodeU24(fields);
 
-  record.RecordTime = NormalizeTime(stamp, &LastTimes.LastTimeRec4);
+  record.RecordTime = NormalizeTime(stamp, &LastTimes->LastTimeRec4);
   if (context.FirstRunTime == 0 && context.RunEventWriteIndex == 0) {
     context.FirstRunTime = static_cast<u32>(record.RecordTime);
   }
@@ -56,7 +56,7 @@ i32 DecodeRec5() {
   DecodeStatusByte(fields, record.StatusBit5, record.StatusCode);
 
   KeepFilePosition();
-  record.RecordTime = NormalizeTime(stamp, &LastTimes.LastTimeRec5);
+  record.RecordTime = NormalizeTime(stamp, &LastTimes->LastTimeRec5);
   NoteRecordTime(record.RecordTime);
   return 0;  // also for a short body
 }

@@ -128,7 +128,7 @@ i32 DecodeRec1(i16 limitLevel) {
   }
 
   KeepFilePosition();
-  PlaceInTime(record, head, NormalizeTime(stamp, &LastTimes.LastTimeRec1));
+  PlaceInTime(record, head, NormalizeTime(stamp, &LastTimes->LastTimeRec1));
   NoteRecordTime(record.RecordTime);
   return status;
 }

@@ -85,7 +85,7 @@ i32 DecodeRec2() {
   }
 
   KeepFilePosition();
-  record.RecordTime = NormalizeTime(stamp, &LastTimes.LastTimeRec2);
+  record.RecordTime = NormalizeTime(stamp, &LastTimes->LastTimeRec2);
   NoteRecordTime(record.RecordTime);
   return 0;  // also for a short body
 }

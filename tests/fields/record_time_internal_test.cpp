@@ -30,9 +30,9 @@ class RecordTime : public testing::Test {
   }
   void Note(const Calendar& calendar, i16 event) { NoteDstEvent(calendar, event); }
   static void ExpectSpan(i16 hint, i32 start, i32 end) {
-    EXPECT_EQ(DstHint, hint);
-    EXPECT_EQ(DstSpanStart, start);
-    EXPECT_EQ(DstSpanEnd, end);
+    EXPECT_EQ(Dst->Hint, hint);
+    EXPECT_EQ(Dst->Start, start);
+    EXPECT_EQ(Dst->End, end);
   }
 
  private:
@@ -41,9 +41,9 @@ class RecordTime : public testing::Test {
 
 // What stands there before any census of the process.
 struct {
-  i16 hint = DstHint;
-  i32 start = DstSpanStart;
-  i32 end = DstSpanEnd;
+  i16 hint = Dst->Hint;
+  i32 start = Dst->Start;
+  i32 end = Dst->End;
 } const kFresh;
 
 TEST(FreshProcess, HasTheSpanOfOneInstant) {
@@ -114,9 +114,9 @@ TEST_F(RecordTime, MorningOfTheChange) {
 // Before any census the hint is 0: the slot takes the standard reading of a summer stamp, one hour
 // later than the result.
 TEST_F(RecordTime, SlotFollowsTheHintedReading) {
-  DstHint = 0;
-  DstSpanStart = 0;
-  DstSpanEnd = 0;
+  Dst->Hint = 0;
+  Dst->Start = 0;
+  Dst->End = 0;
   i32 slot = 0;
   Calendar summer = At(2024, 7, 1, 12);
   EXPECT_EQ(NormalizeTime(summer, &slot), Utc(2024, 7, 1, 10));

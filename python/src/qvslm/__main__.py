@@ -1,0 +1,60 @@
+"""``python -m qvslm``: measurement files as Parquet."""
+
+import argparse
+import sys
+from collections import Counter
+from pathlib import Path
+
+from ._errors import Error
+from ._records import RECORD_TYPES
+
+_WHOLE, _NOTHING, _USAGE, _ENDED_EARLY = 0, 1, 2, 3
+
+
+def _parser() -> argparse.ArgumentParser:
+    parser = argparse.ArgumentParser(prog="python -m qvslm")
+    commands = parser.add_subparsers(dest="command", required=True)
+    parquet = commands.add_parser(
+        "to-parquet", help="write each file's records to DIR/NAME/FILE.parquet"
+    )
+    parquet.add_argument("files", nargs="+", metavar="FILE")
+    parquet.add_argument("--to", required=True, metavar="DIR")
+    parquet.add_argument("--records", metavar="NAME,NAME", help="only these kinds of records")
+    parquet.add_argument("--tz", metavar="ZONE", help="zone of the measurement: Europe/Berlin")
+    parquet.add_argument("--strict", action="store_true", help="write nothing of a cut file")
+    return parser
+
+
+def main(arguments: list[str] | None = None) -> int:
+    """Runs the command, and gives its exit code."""
+    parser = _parser()
+    options = parser.parse_args(arguments)
+    names = None if options.records is None else options.records.split(",")
+    for name in names or []:
+        if name not in RECORD_TYPES:
+            parser.error(f"no record is named {name!r}")
+    counts = Counter(Path(file).name for file in options.files)
+    for name, count in counts.items():
+        if count > 1:
+            parser.error(f"{count} files are named {name!r}: their parts would be one")
+    try:
+        from ._parquet import to_parquet
+    except ImportError:
+        parser.error("pyarrow is missing: pip install qvslm[arrow]")
+
+    outcome = _WHOLE
+    for file in options.files:
+        try:
+            status = to_parquet(file, options.to, names, tz=options.tz, strict=options.strict)
+        except (Error, OSError, ValueError, KeyError) as fault:
+            print(f"qvslm: {file}: {fault}", file=sys.stderr)
+            outcome = _NOTHING
+            continue
+        if not status.whole:
+            print(f"qvslm: {file}: {status.reason}", file=sys.stderr)
+            outcome = outcome or _ENDED_EARLY
+    return outcome
+
+
+if __name__ == "__main__":
+    sys.exit(main())
