@@ -12,10 +12,11 @@ namespace host {
 namespace {
 
 // What getopt_long gives for an option; 1 is its own number for an argument that is none.
-enum Option { PlainArgument = 1, Help = 'h', Records = 256, Limit, NoCensus, Brief, Cut };
+enum Option { PlainArgument = 1, Help = 'h', Records = 256, Limit, NoCensus, Brief, Cut, Zone };
 
 constexpr option infoOptions[] = {
     {"help", no_argument, nullptr, Help},
+    {"tz", required_argument, nullptr, Zone},
     {nullptr, 0, nullptr, 0},
 };
 constexpr option dumpOptions[] = {
@@ -25,6 +26,7 @@ constexpr option dumpOptions[] = {
     {"limit", required_argument, nullptr, Limit},
     {"no-census", no_argument, nullptr, NoCensus},
     {"cut", no_argument, nullptr, Cut},
+    {"tz", required_argument, nullptr, Zone},
     {nullptr, 0, nullptr, 0},
 };
 
@@ -115,6 +117,9 @@ Arguments ReadArguments(int argc, char** argv) {
       case NoCensus:
         arguments.dump.census = false;
         break;
+      case Zone:
+        arguments.zone = optarg;
+        break;
       case ':':
         throw WrongUsage(std::string(words[at]) + " needs a value");
       default:
@@ -138,6 +143,8 @@ std::span<const std::string_view> HelpText() {
       "qvslm --help | --version",
       "",
       "FILE may be - for standard input. Behind -- every argument is a FILE.",
+      "",
+      "Both take --tz NAME, the time zone of the measurement: Europe/Berlin.",
       "",
       "Options of dump:",
       "  --brief              one short line a record, for the eye",

@@ -16,6 +16,7 @@ enum class Command { Help, Version, Info, Dump };
 struct Arguments {
   Command command = Command::Help;
   std::vector<std::string> files;  // as they are written
+  std::string zone;                // a name of the tz database; empty for the zone in force
   DumpOptions dump;
 };
 

@@ -42,6 +42,9 @@ Outcome ShowFiles(const Arguments& arguments, host::Output& output) {
 
 Outcome Run(int argc, char** argv) {
   Arguments const arguments = host::ReadArguments(argc, argv);
+  if (!arguments.zone.empty() && !host::UseZoneNamed(arguments.zone)) {
+    throw host::WrongUsage("--tz: there is no time zone \"" + arguments.zone + '"');
+  }
   host::Output output;
   switch (arguments.command) {
     case Command::Help:
@@ -61,6 +64,7 @@ Outcome Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   if (!host::PrepareStreams()) return static_cast<int>(Outcome::NothingReadable);
+  host::UseZoneOfEnvironment();
   try {
     return static_cast<int>(Run(argc, argv));
   } catch (const host::WrongUsage& fault) {

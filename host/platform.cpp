@@ -21,7 +21,12 @@
 #include <windows.h>
 #include <winioctl.h>
 
+#include <algorithm>
 #include <system_error>
+#include <vector>
+
+#include "carried_zones.h"
+#include "qvslm_zone.h"
 #else
 #include <sys/ioctl.h>
 
@@ -99,6 +104,10 @@ class EndPause {
 };
 
 std::atomic<bool> holdsInterrupts{false};
+
+// The zone asked for by its name; without one that of the C library is in force.
+std::vector<QvZoneChange> zone;
+std::string zoneName;
 
 struct Console {
   HANDLE handle = INVALID_HANDLE_VALUE;
@@ -256,20 +265,44 @@ void EndInterrupted() {
   ExitProcess(STATUS_CONTROL_C_EXIT);
 }
 
+void UseZoneOfEnvironment() {
+  // What is no name is left to the C library: UTC0.
+  if (const char* const name = std::getenv("TZ")) UseZoneNamed(name);
+}
+
 std::int32_t UtcOffset(std::int64_t seconds) {
-  std::time_t const time = static_cast<std::time_t>(seconds);
+  if (!zone.empty()) {
+    auto const next = std::upper_bound(
+        zone.begin() + 1, zone.end(), seconds,
+        [](std::int64_t instant, const QvZoneChange& change) { return instant < change.From; });
+    return std::prev(next)->Offset;
+  }
+  auto const time = static_cast<std::time_t>(seconds);
   const std::tm* const found = std::localtime(&time);
   if (found == nullptr) return 0;
   std::tm clock = *found;
   return static_cast<std::int32_t>(_mkgmtime(&clock) - time);
 }
 
-bool UseZoneNamed(const std::string&) {
-  return false;
+bool UseZoneNamed(const std::string& name) {
+  std::vector<QvZoneChange> changes = CarriedZone(name);
+  if (changes.empty()) return false;
+  zone = std::move(changes);
+  zoneName = name;
+  QvUseZone(zone.data(), zone.size());
+  return true;
 }
 
 std::string ZoneInForce() {
-  return "";
+  if (!zoneName.empty()) return zoneName;
+  if (const char* const text = std::getenv("TZ")) return text;
+  DYNAMIC_TIME_ZONE_INFORMATION system{};
+  if (GetDynamicTimeZoneInformation(&system) == TIME_ZONE_ID_INVALID) return "";
+  std::array<char, 512> name{};
+  constexpr int whole = -1;
+  WideCharToMultiByte(CP_UTF8, 0, system.TimeZoneKeyName, whole, name.data(),
+                      static_cast<int>(name.size()) - 1, nullptr, nullptr);
+  return name.data();
 }
 
 #else
@@ -415,6 +448,8 @@ void EndInterrupted() {
   std::raise(interrupt);
   std::abort();
 }
+
+void UseZoneOfEnvironment() {}
 
 std::int32_t UtcOffset(std::int64_t seconds) {
   std::time_t const time = static_cast<std::time_t>(seconds);

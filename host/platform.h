@@ -43,7 +43,10 @@ bool Interrupted();
 // Ends the program as the interrupt would have. The destructors have to have run.
 [[noreturn]] void EndInterrupted();
 
-// The clock of the zone in force, which is that of the library, too.
+// The clock of the zone in force, which is that of the library, too: that of the environment (TZ) or
+// of the system until another one is asked for. A C library that knows no names of zones is helped
+// by a first call.
+void UseZoneOfEnvironment();
 std::int32_t UtcOffset(std::int64_t seconds);  // to be added to UTC
 std::tm LocalTime(std::int64_t seconds);
 // From here on the zone of a name of the tz database: Europe/Berlin. False where there is none of
