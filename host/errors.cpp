@@ -15,6 +15,7 @@ void FailWithErrno(const std::string& what) {
 
 void Complain(const std::string& what) {
   std::fprintf(stderr, "qvslm: %s\n", PlainText(what).c_str());
+  std::fflush(stderr);
 }
 
 void Report(const std::string& file, const std::string& what, int code) {

@@ -35,6 +35,12 @@
 #include <iterator>
 #endif
 
+#if defined(_WIN32)
+// Where no shell does it, the C library makes names of *.qvd.
+extern "C" int _dowildcard;
+int _dowildcard = -1;
+#endif
+
 namespace host {
 namespace {
 
@@ -161,7 +167,7 @@ BOOL WINAPI OnControl(DWORD event) {
   AcquireSRWLockExclusive(&ending);
   RemoveNoted();
   RestoreConsole();
-  return FALSE;
+  ExitProcess(STATUS_CONTROL_C_EXIT);
 }
 
 void LetInvalidArgumentsFail(const wchar_t*, const wchar_t*, const wchar_t*, unsigned,
@@ -191,6 +197,9 @@ bool PrepareStreams() {
     if (!Holds(stream)) return false;
     _setmode(stream, _O_BINARY);
   }
+  // Byte by byte a console cannot tell what a character is.
+  constexpr std::size_t bufferSize = 4096;
+  std::setvbuf(stderr, nullptr, _IOFBF, bufferSize);
   SetConsoleCtrlHandler(OnControl, TRUE);
   PrepareConsole();
   return true;
@@ -209,9 +218,9 @@ int TerminalWidth(int stream) {
 }
 
 int ErrorOfWrite() {
-  // The C library has no number for a pipe whose other end is closed.
-  bool const closed = errno == EINVAL && _doserrno == ERROR_NO_DATA;
-  return closed ? EPIPE : errno;
+  // The C library has no number of its own for a pipe whose other end is closed.
+  bool const closed = _doserrno == ERROR_NO_DATA || _doserrno == ERROR_PIPE_NOT_CONNECTED;
+  return errno == EINVAL && closed ? EPIPE : errno;
 }
 
 int OpenToRead(const std::string& path) {

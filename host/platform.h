@@ -10,8 +10,8 @@ namespace host {
 
 // To be called before anything else. Bytes go through the standard streams as they are; a reader
 // who has gone fails the write and ends nothing. Where a stream is closed its place is held, so
-// that no file that is opened later takes it, and to use it fails. A console shows UTF-8. False
-// where the places cannot be held.
+// that no file that is opened later takes it, and to use it fails. A console shows UTF-8. What is
+// written to stderr may have to be flushed. False where the places cannot be held.
 bool PrepareStreams();
 
 bool IsTerminal(int stream);    // one that understands the sequences of ANSI

@@ -30,6 +30,7 @@ void Progress::Show(std::int32_t bytes) {
 void Progress::Wipe() {
   if (!visible_) return;
   std::fputs("\r\033[K", stderr);
+  std::fflush(stderr);
   visible_ = false;
 }
 
