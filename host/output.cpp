@@ -14,6 +14,7 @@ Output::Output() : terminal_(host::IsTerminal(STDOUT_FILENO)) {}
 
 bool Output::Line(std::string_view line) {
   if (Failed()) return false;
+  errno = 0;
   std::string const plain = PlainText(line);
   if (std::fwrite(plain.data(), 1, plain.size(), stdout) != plain.size()) return NoteError();
   return std::fputc('\n', stdout) != EOF || NoteError();
@@ -21,6 +22,7 @@ bool Output::Line(std::string_view line) {
 
 bool Output::Flush() {
   if (Failed()) return false;
+  errno = 0;
   return std::fflush(stdout) == 0 || NoteError();
 }
 
@@ -29,8 +31,7 @@ std::string Output::WhatFailed() const {
 }
 
 bool Output::NoteError() {
-  int const fault = ErrorOfWrite();
-  error_ = fault == 0 ? EIO : fault;
+  error_ = ErrorOfWrite();
   return false;
 }
 

@@ -220,7 +220,9 @@ int TerminalWidth(int stream) {
 int ErrorOfWrite() {
   // The C library has no number of its own for a pipe whose other end is closed.
   bool const closed = _doserrno == ERROR_NO_DATA || _doserrno == ERROR_PIPE_NOT_CONNECTED;
-  return errno == EINVAL && closed ? EPIPE : errno;
+  if (errno == EINVAL && closed) return EPIPE;
+  // What is written in part, without an error, found no room for the rest.
+  return errno == 0 ? ENOSPC : errno;
 }
 
 int OpenToRead(const std::string& path) {
@@ -294,7 +296,7 @@ std::int32_t UtcOffset(std::int64_t seconds) {
 }
 
 bool UseZoneNamed(const std::string& name) {
-  std::vector<QvZoneChange> changes = CarriedZone(name);
+  std::vector<QvZoneChange> changes = zone_info::CarriedZone(name);
   if (changes.empty()) return false;
   zone = std::move(changes);
   zoneName = name;
@@ -408,7 +410,7 @@ int TerminalWidth(int stream) {
 }
 
 int ErrorOfWrite() {
-  return errno;
+  return errno == 0 ? EIO : errno;
 }
 
 int OpenToRead(const std::string& path) {

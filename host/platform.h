@@ -16,7 +16,9 @@ bool PrepareStreams();
 
 bool IsTerminal(int stream);    // one that understands the sequences of ANSI
 int TerminalWidth(int stream);  // in columns; 0 without a terminal
-int ErrorOfWrite();             // errno of the write before; EPIPE where the reader has gone
+// errno of a write that failed, or was made in part, and had errno 0 before it; EPIPE where the
+// reader has gone.
+int ErrorOfWrite();
 unsigned ProcessorCount();
 
 // Descriptors of files, read and written as bytes, which no program started from here inherits. -1
