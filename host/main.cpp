@@ -11,6 +11,7 @@
 #include "arguments.h"
 #include "dump.h"
 #include "errors.h"
+#include "help_text.h"
 #include "info.h"
 #include "outcome.h"
 #include "output.h"
@@ -45,9 +46,11 @@ Outcome Written(host::Output& output, Outcome outcome) {
 
 Outcome ShowFiles(const Arguments& arguments, host::Output& output) {
   Outcome all = Outcome::Whole;
-  for (const std::string& file : arguments.files) {
+  host::DumpOptions dump = arguments.dump;
+  dump.nameFile = arguments.sources.names.size() > 1;
+  for (const std::string& file : arguments.sources.names) {
     all = Worse(all, arguments.command == Command::Info ? host::Info(file, output)
-                                                        : host::Dump(file, arguments.dump, output));
+                                                        : host::Dump(file, dump, output));
     // Nobody reads any more, or nothing can be written.
     if (!output.Flush()) break;
   }
@@ -59,13 +62,17 @@ Outcome Run(int argc, char** argv) {
   host::Output output;
   switch (arguments.command) {
     case Command::Help:
-      for (std::string_view const line : host::HelpText()) output.Line(line);
+      for (const std::string& line : host::HelpText(arguments.topic)) output.Line(line);
       return Written(output, Outcome::Whole);
     case Command::Version:
       output.Line("qvslm, translation " + std::to_string(QV_TranVersion()));
       return Written(output, Outcome::Whole);
+    case Command::Export:
+      return static_cast<Outcome>(RunExport(arguments.exported));
     case Command::Info:
     case Command::Dump:
+    case Command::Check:
+    case Command::Plot:
       break;
   }
   return Written(output, ShowFiles(arguments, output));
