@@ -1,8 +1,5 @@
 // qvslm: shows measurement files. `qvslm info` tells what a file is and what it holds, `qvslm dump`
 // writes its records as JSON, one a line.
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -15,6 +12,7 @@
 #include "info.h"
 #include "outcome.h"
 #include "output.h"
+#include "platform.h"
 #include "qvslmtranslate.h"
 
 namespace {
@@ -22,18 +20,6 @@ namespace {
 using host::Arguments;
 using host::Command;
 using host::Outcome;
-
-// Where stdin, stdout or stderr is closed, the next file to be opened would take its place, and be
-// read or written for it. The null device takes it instead, opened the wrong way round, so that to
-// use it fails as on what is closed.
-bool HoldStandardStreams() {
-  for (int const stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    if (fcntl(stream, F_GETFD) != -1) continue;
-    // A file takes the lowest number that is free.
-    if (open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) != stream) return false;
-  }
-  return true;
-}
 
 // What the work comes to once all that it wrote is out; a reader who has gone wants no more.
 Outcome Written(host::Output& output, Outcome outcome) {
@@ -81,7 +67,7 @@ Outcome Run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (!HoldStandardStreams()) return static_cast<int>(Outcome::NothingReadable);
+  if (!host::PrepareStreams()) return static_cast<int>(Outcome::NothingReadable);
   try {
     return static_cast<int>(Run(argc, argv));
   } catch (const host::WrongUsage& fault) {
