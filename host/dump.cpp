@@ -1,18 +1,13 @@
 #include "dump.h"
 
-#include <algorithm>
-
 #include "brief_line.h"
 #include "errors.h"
+#include "record_filter.h"
 #include "record_json.h"
 #include "walk.h"
 
 namespace host {
 namespace {
-
-bool IsWanted(std::string_view record, const std::vector<std::string>& names) {
-  return names.empty() || std::find(names.begin(), names.end(), record) != names.end();
-}
 
 std::string BriefText(const Translation& translation, const record_fields::RecordInfo& info,
                       const std::string& fileName) {
@@ -41,10 +36,11 @@ Outcome Dump(const std::string& fileName, const DumpOptions& options, Output& ou
     InputFile const file(fileName);
     Translation translation(file);
     Progress progress(fileName);
+    RecordFilter const filter(options.choice);
     std::uint64_t written = 0;
     auto const write = [&] {
       const record_fields::RecordInfo* const info = translation.Info();
-      if (info != nullptr && IsWanted(info->name, options.choice.records)) {
+      if (info != nullptr && filter.Wants(*info, translation.Record())) {
         if (output.IsTerminal()) progress.Wipe();
         auto const text = options.brief ? BriefText : JsonText;
         if (!output.Line(text(translation, *info, options.nameFile ? fileName : std::string()))) {

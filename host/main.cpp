@@ -46,6 +46,10 @@ Outcome ShowFiles(const Arguments& arguments, host::Output& output) {
 
 Outcome Run(int argc, char** argv) {
   Arguments const arguments = host::ReadArguments(argc, argv);
+  if (!arguments.sources.zone.empty() && !host::UseZoneNamed(arguments.sources.zone)) {
+    throw host::WrongUsage("--tz: there is no zone \"" + arguments.sources.zone +
+                           "\"; zones are named like Europe/Berlin");
+  }
   host::Output output;
   switch (arguments.command) {
     case Command::Help:
