@@ -44,7 +44,7 @@ Outcome Dump(const std::string& fileName, const DumpOptions& options, Output& ou
     std::uint64_t written = 0;
     auto const write = [&] {
       const record_fields::RecordInfo* const info = translation.Info();
-      if (info != nullptr && IsWanted(info->name, options.records)) {
+      if (info != nullptr && IsWanted(info->name, options.choice.records)) {
         if (output.IsTerminal()) progress.Wipe();
         auto const text = options.brief ? BriefText : JsonText;
         if (!output.Line(text(translation, *info, options.nameFile ? fileName : std::string()))) {

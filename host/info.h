@@ -8,6 +8,11 @@
 
 namespace host {
 
+struct InfoOptions {
+  bool json = false;
+  bool quick = false;  // nothing that takes a pass over the whole file
+};
+
 Outcome Info(const std::string& fileName, Output& output);
 
 }  // namespace host

@@ -1,8 +1,5 @@
 // qvslm: shows measurement files. `qvslm info` tells what a file is and what it holds, `qvslm dump`
 // writes its records as JSON, one a line.
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -11,9 +8,11 @@
 #include "arguments.h"
 #include "dump.h"
 #include "errors.h"
+#include "help_text.h"
 #include "info.h"
 #include "outcome.h"
 #include "output.h"
+#include "platform.h"
 #include "qvslmtranslate.h"
 
 namespace {
@@ -21,18 +20,6 @@ namespace {
 using host::Arguments;
 using host::Command;
 using host::Outcome;
-
-// Where stdin, stdout or stderr is closed, the next file to be opened would take its place, and be
-// read or written for it. The null device takes it instead, opened the wrong way round, so that to
-// use it fails as on what is closed.
-bool HoldStandardStreams() {
-  for (int const stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    if (fcntl(stream, F_GETFD) != -1) continue;
-    // A file takes the lowest number that is free.
-    if (open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) != stream) return false;
-  }
-  return true;
-}
 
 // What the work comes to once all that it wrote is out; a reader who has gone wants no more.
 Outcome Written(host::Output& output, Outcome outcome) {
@@ -45,9 +32,11 @@ Outcome Written(host::Output& output, Outcome outcome) {
 
 Outcome ShowFiles(const Arguments& arguments, host::Output& output) {
   Outcome all = Outcome::Whole;
-  for (const std::string& file : arguments.files) {
+  host::DumpOptions dump = arguments.dump;
+  dump.nameFile = arguments.sources.names.size() > 1;
+  for (const std::string& file : arguments.sources.names) {
     all = Worse(all, arguments.command == Command::Info ? host::Info(file, output)
-                                                        : host::Dump(file, arguments.dump, output));
+                                                        : host::Dump(file, dump, output));
     // Nobody reads any more, or nothing can be written.
     if (!output.Flush()) break;
   }
@@ -59,13 +48,17 @@ Outcome Run(int argc, char** argv) {
   host::Output output;
   switch (arguments.command) {
     case Command::Help:
-      for (std::string_view const line : host::HelpText()) output.Line(line);
+      for (const std::string& line : host::HelpText(arguments.topic)) output.Line(line);
       return Written(output, Outcome::Whole);
     case Command::Version:
       output.Line("qvslm, translation " + std::to_string(QV_TranVersion()));
       return Written(output, Outcome::Whole);
+    case Command::Export:
+      return static_cast<Outcome>(RunExport(arguments.exported));
     case Command::Info:
     case Command::Dump:
+    case Command::Check:
+    case Command::Plot:
       break;
   }
   return Written(output, ShowFiles(arguments, output));
@@ -74,7 +67,7 @@ Outcome Run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (!HoldStandardStreams()) return static_cast<int>(Outcome::NothingReadable);
+  if (!host::PrepareStreams()) return static_cast<int>(Outcome::NothingReadable);
   try {
     return static_cast<int>(Run(argc, argv));
   } catch (const host::WrongUsage& fault) {

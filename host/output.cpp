@@ -2,19 +2,15 @@
 
 #include <unistd.h>
 
-#include <csignal>
 #include <cstdio>
 #include <cstring>
 
 #include "plain_text.h"
+#include "platform.h"
 
 namespace host {
 
-Output::Output() : terminal_(isatty(STDOUT_FILENO) != 0) {
-  // A pipe without a reader then fails the write instead of ending the program, which has temporary
-  // files to remove.
-  std::signal(SIGPIPE, SIG_IGN);
-}
+Output::Output() : terminal_(host::IsTerminal(STDOUT_FILENO)) {}
 
 bool Output::Line(std::string_view line) {
   if (Failed()) return false;
@@ -33,7 +29,8 @@ std::string Output::WhatFailed() const {
 }
 
 bool Output::NoteError() {
-  error_ = errno == 0 ? EIO : errno;
+  int const fault = ErrorOfWrite();
+  error_ = fault == 0 ? EIO : fault;
   return false;
 }
 

@@ -6,11 +6,12 @@
 #include <cstdio>
 
 #include "plain_text.h"
+#include "platform.h"
 
 namespace host {
 
 Progress::Progress(const std::string& fileName)
-    : fileName_(PlainText(fileName)), terminal_(isatty(STDERR_FILENO) != 0) {}
+    : fileName_(PlainText(fileName)), terminal_(IsTerminal(STDERR_FILENO)) {}
 
 void Progress::Counting() {
   Write("counting");

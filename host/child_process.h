@@ -1,0 +1,29 @@
+// A function in a process of its own.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace host {
+
+struct ChildProcess {
+  int id = -1;
+  int bytes = -1;     // pipe of what its work gives
+  int messages = -1;  // pipe of what it writes to stderr
+};
+
+// Starts the work. Throws FileError where there can be no other process.
+ChildProcess StartChild(const std::function<std::string()>& work);
+
+// Waits until at least one of the pipes has something or has ended, and adds what there is to the
+// texts, two for each child: bytes, messages. Pipes that have ended are closed and become -1.
+void ReadChildren(std::vector<ChildProcess*> children, std::vector<std::string*> texts);
+
+// Waits for its end; true where it ended by itself and well.
+bool WaitForChild(const ChildProcess& child);
+
+// Ends it.
+void EndChild(const ChildProcess& child);
+
+}  // namespace host

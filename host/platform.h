@@ -1,0 +1,55 @@
+// What differs between the operating systems that the host runs on: the one file of it that knows
+// which one this is.
+#pragma once
+
+#include <cstdint>
+#include <ctime>
+#include <string>
+
+namespace host {
+
+// To be called before anything else. Bytes go through the standard streams as they are; a reader
+// who has gone fails the write and ends nothing. Where a stream is closed its place is held, so
+// that no file that is opened later takes it, and to use it fails. A console shows UTF-8. False
+// where the places cannot be held.
+bool PrepareStreams();
+
+bool IsTerminal(int stream);    // one that understands the sequences of ANSI
+int TerminalWidth(int stream);  // in columns; 0 without a terminal
+int ErrorOfWrite();             // errno of the write before; EPIPE where the reader has gone
+unsigned ProcessorCount();
+
+// Descriptors of files, read and written as bytes, which no program started from here inherits. -1
+// and errno where a file cannot be opened.
+int OpenToRead(const std::string& path);
+int OpenToWrite(const std::string& path);  // one that is there
+bool IsPlainFile(int file);                // of a known size, and can be sought in
+
+// Makes an empty file or folder under a name that nothing has yet, and notes the name: a signal or
+// Ctrl-C that ends the program removes the files noted, and then the folders that are empty. A
+// private folder is for this user alone. False with errno.
+bool MakeNotedFile(const std::string& path);
+bool MakeNotedFolder(const std::string& path);
+bool MakeNotedPrivateFolder(const std::string& path);
+void ForgetNoted(const std::string& path);
+// In one step, also over a file that is there. False with errno.
+bool Rename(const std::string& from, const std::string& to);
+
+// From here on what asks the program to end (Ctrl-C, the end of the session) is told by
+// Interrupted alone, the first time; the second time ends it. What was ignored from the start
+// stays ignored.
+void HoldInterrupts();
+bool Interrupted();
+// Ends the program as the interrupt would have. The destructors have to have run.
+[[noreturn]] void EndInterrupted();
+
+// The clock of the zone in force, which is that of the library, too.
+std::int32_t UtcOffset(std::int64_t seconds);  // to be added to UTC
+std::tm LocalTime(std::int64_t seconds);
+// From here on the zone of a name of the tz database: Europe/Berlin. False where there is none of
+// that name, and the zone stays.
+bool UseZoneNamed(const std::string& name);
+// The name of the zone in force; empty where the system does not tell it.
+std::string ZoneInForce();
+
+}  // namespace host
