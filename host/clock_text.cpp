@@ -5,8 +5,8 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
-#include <string_view>
 
+#include "platform.h"
 #include "stamp_text.h"
 
 namespace host {
@@ -21,14 +21,6 @@ char* PutDigits(char* at, unsigned value, int digits) {
     value /= 10;
   }
   return at + digits;
-}
-
-// The offset that a time's text ends with, in seconds.
-std::int32_t OffsetOf(std::string_view text) {
-  auto const two = [](std::string_view digits) { return (digits[0] - '0') * 10 + digits[1] - '0'; };
-  std::string_view const offset = text.substr(text.size() - kOffsetSize);
-  std::int32_t const size = two(offset.substr(1)) * 3600 + two(offset.substr(4)) * 60;
-  return offset[0] == '-' ? -size : size;
 }
 
 // Date and time without the offset, 19 characters.
@@ -60,28 +52,19 @@ const ClockText::Quarter* ClockText::QuarterOf(std::int32_t seconds) {
   constexpr std::int64_t latest = std::numeric_limits<std::int32_t>::max();
   auto const last =
       static_cast<std::int32_t>(std::min(first + std::int64_t{kQuarterSeconds} - 1, latest));
-  std::string const firstText = LocalTimeText(first);
-  std::string const lastText = LocalTimeText(last);
-  if (firstText.size() < kOffsetSize || lastText.size() < kOffsetSize) return nullptr;
-  std::int32_t const offset = OffsetOf(firstText);
-  if (OffsetOf(lastText) != offset) return nullptr;
-  // A zone may differ from UTC by seconds, which the offset in the text leaves out.
-  char text[kMost];
-  const char* const end = PutDateAndTime(text, std::int64_t{first} + offset);
-  if (firstText.compare(0, static_cast<std::size_t>(end - text), text,
-                        static_cast<std::size_t>(end - text)) != 0) {
-    return nullptr;
-  }
+  std::int32_t const offset = UtcOffset(first);
+  if (UtcOffset(last) != offset) return nullptr;
   quarter_.number = number;
   quarter_.offset = offset;
-  std::memcpy(quarter_.offsetText, firstText.data() + firstText.size() - kOffsetSize, kOffsetSize);
+  std::string const text = LocalTimeText(first);
+  text.copy(quarter_.offsetText, kOffsetSize, text.size() - kOffsetSize);
   return &quarter_;
 }
 
 std::optional<std::int32_t> ClockText::Offset(std::int32_t seconds) {
   if (seconds <= 0) return std::nullopt;
   if (const Quarter* const quarter = QuarterOf(seconds)) return quarter->offset;
-  return OffsetOf(LocalTimeText(seconds));
+  return UtcOffset(seconds);
 }
 
 char* ClockText::Put(char* at, std::int32_t seconds) {

@@ -90,7 +90,7 @@ std::string CsvRow::Heading() const {
   return Joined(headings, values_);
 }
 
-void CsvRow::Write(NewFile& file, const ExportedRecord& record) {
+void CsvRow::Write(WrittenFile& file, const ExportedRecord& record) {
   char* at = file.Room(most_);
   const char* const keys = at;
   at = PutKeys(at, record);

@@ -6,8 +6,8 @@
 
 #include "export/csv_values.h"
 #include "export/field_columns.h"
-#include "export/new_file.h"
 #include "export/record_sink.h"
+#include "export/written_file.h"
 
 namespace host {
 
@@ -16,7 +16,7 @@ class CsvRow {
   CsvRow(const record_fields::RecordInfo& info, bool longTables, CsvValues& values);
 
   std::string Heading() const;
-  void Write(NewFile& file, const ExportedRecord& record);
+  void Write(WrittenFile& file, const ExportedRecord& record);
 
  private:
   // One value, or all bytes of an array.

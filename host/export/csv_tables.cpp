@@ -1,17 +1,16 @@
 // The records of a file as a folder of CSV tables, one a record name.
-#include <sys/stat.h>
-
-#include <algorithm>
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <system_error>
 
 #include "export/csv_row.h"
 #include "export/csv_values.h"
-#include "export/new_file.h"
 #include "export/record_sink.h"
 #include "export/sample_series.h"
+#include "export/written_file.h"
 #include "record_table.h"
+#include "temporary.h"
 
 namespace host {
 namespace {
@@ -39,57 +38,25 @@ void Expect(const fs::path& path, const std::error_code& fault) {
   if (fault) throw WriteError(path.string() + " cannot be written: " + fault.message());
 }
 
-// A folder beside its place, which it takes when all its tables are whole.
-class NewFolder {
- public:
-  explicit NewFolder(const fs::path& place) : place_(place), beside_(PathBeside(place)) {
+// In a folder that has files already, tables take the place of earlier ones, and those that this
+// file has nothing for go. Other files stay.
+void ReplaceTables(const fs::path& from, const fs::path& place) {
+  for (const std::string& name : FileNames()) {
     std::error_code fault;
-    fs::remove_all(beside_, fault);  // what a killed run has left
-    fs::create_directories(beside_, fault);
-    Expect(place_, fault);
-  }
-  ~NewFolder() {
-    std::error_code ignored;
-    if (!kept_) fs::remove_all(beside_, ignored);
-  }
-  NewFolder(const NewFolder&) = delete;
-  NewFolder& operator=(const NewFolder&) = delete;
-
-  const fs::path& Path() const { return beside_; }
-
-  void Keep() {
-    std::error_code fault;
-    fs::rename(beside_, place_, fault);
-    kept_ = !fault;
-    if (kept_) return;
-    if (!fs::is_directory(place_)) Expect(place_, fault);
-    ReplaceTables();
-  }
-
- private:
-  // In a folder that has files already, tables take the place of earlier ones, and those that this
-  // file has nothing for go. Other files stay.
-  void ReplaceTables() const {
-    for (const std::string& name : FileNames()) {
-      std::error_code fault;
-      if (fs::exists(beside_ / name)) {
-        fs::rename(beside_ / name, place_ / name, fault);
-      } else {
-        fs::remove(place_ / name, fault);
-      }
-      Expect(place_ / name, fault);
+    if (fs::exists(from / name)) {
+      fs::rename(from / name, place / name, fault);
+    } else {
+      fs::remove(place / name, fault);
     }
+    Expect(place / name, fault);
   }
-
-  fs::path place_;
-  fs::path beside_;
-  bool kept_ = false;
-};
+}
 
 class CsvTables : public RecordSink {
  public:
-  CsvTables(const fs::path& place, const ExportOptions& options)
+  CsvTables(const std::string& place, const ExportOptions& options)
       : place_(place),
+        folder_(Temporary::FolderBeside(place)),
         longTables_(options.longTables),
         values_({options.separator, options.decimal, options.guard}) {}
 
@@ -104,25 +71,26 @@ class CsvTables : public RecordSink {
   }
 
   void Finish(const Translation&, const WalkResult&) override {
-    for (auto& [info, table] : tables_) table.file->Keep();
-    if (samples_) samples_->Keep();
-    if (markers_) markers_->Keep();
-    Folder().Keep();
+    for (auto& [info, table] : tables_) table.file->Close();
+    if (samples_) samples_->Close();
+    if (markers_) markers_->Close();
+    if (fs::is_directory(place_)) {
+      ReplaceTables(folder_.Path(), place_);
+    } else {
+      folder_.MoveTo(place_);
+    }
   }
 
  private:
   struct Table {
     std::optional<CsvRow> row;
-    std::unique_ptr<NewFile> file;
+    std::unique_ptr<WrittenFile> file;
   };
 
-  NewFolder& Folder() {
-    if (!folder_) folder_.emplace(place_);
-    return *folder_;
-  }
-
-  std::unique_ptr<NewFile> OpenTable(std::string_view name, const std::string& heading) {
-    auto file = std::make_unique<NewFile>(Folder().Path() / FileName(name));
+  std::unique_ptr<WrittenFile> OpenTable(std::string_view name, const std::string& heading) {
+    std::string const fileName = FileName(name);
+    auto file = std::make_unique<WrittenFile>((fs::path(folder_.Path()) / fileName).string(),
+                                              (fs::path(place_) / fileName).string());
     file->Write(heading);
     return file;
   }
@@ -166,7 +134,7 @@ class CsvTables : public RecordSink {
     return values_.PutClockWithMilliseconds(at, time);
   }
 
-  static void EndRow(NewFile& file, char* at) {
+  static void EndRow(WrittenFile& file, char* at) {
     at[-1] = '\r';
     *at++ = '\n';
     file.Used(at);
@@ -174,19 +142,19 @@ class CsvTables : public RecordSink {
 
   static constexpr std::size_t kMostOfRow = 5 * CsvValues::kMost + 2;
 
-  fs::path place_;
+  std::string place_;
+  Temporary folder_;
   bool longTables_;
   CsvValues values_;
-  std::optional<NewFolder> folder_;  // outlives the files within it
   std::map<const RecordInfo*, Table> tables_;
   SampleSeries series_;
-  std::unique_ptr<NewFile> samples_;
-  std::unique_ptr<NewFile> markers_;
+  std::unique_ptr<WrittenFile> samples_;
+  std::unique_ptr<WrittenFile> markers_;
 };
 
 }  // namespace
 
-std::unique_ptr<RecordSink> OpenCsv(const fs::path& place, const ExportOptions& options) {
+std::unique_ptr<RecordSink> OpenCsv(const std::string& place, const ExportOptions& options) {
   return std::make_unique<CsvTables>(place, options);
 }
 

@@ -1,14 +1,16 @@
 // The records of a file as JSON, one object a line.
-#include "export/new_file.h"
 #include "export/record_sink.h"
+#include "export/written_file.h"
 #include "record_json.h"
+#include "temporary.h"
 
 namespace host {
 namespace {
 
 class JsonLines : public RecordSink {
  public:
-  explicit JsonLines(const std::filesystem::path& place) : file_(place) {}
+  explicit JsonLines(const std::string& place)
+      : place_(place), part_(Temporary::FileBeside(place)), file_(part_.Path(), place) {}
 
   void Add(const ExportedRecord& record) override {
     JsonMarks const marks = {.shortItem = record.shortItem, .cut = false, .file = {}};
@@ -18,16 +20,21 @@ class JsonLines : public RecordSink {
     file_.Used(at);
   }
 
-  void Finish(const Translation&, const WalkResult&) override { file_.Keep(); }
+  void Finish(const Translation&, const WalkResult&) override {
+    file_.Close();
+    part_.MoveTo(place_);
+  }
 
  private:
-  NewFile file_;
+  std::string place_;
+  Temporary part_;
+  WrittenFile file_;
   RecordJson json_;
 };
 
 }  // namespace
 
-std::unique_ptr<RecordSink> OpenJsonLines(const std::filesystem::path& place) {
+std::unique_ptr<RecordSink> OpenJsonLines(const std::string& place) {
   return std::make_unique<JsonLines>(place);
 }
 

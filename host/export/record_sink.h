@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -28,17 +27,17 @@ class RecordSink {
   RecordSink(const RecordSink&) = delete;
   RecordSink& operator=(const RecordSink&) = delete;
 
-  // All throw WriteError.
+  // Both throw WriteError, or FileError.
   virtual void Add(const ExportedRecord& record) = 0;
   // Behind the last record: what was written takes its place.
   virtual void Finish(const Translation& translation, const WalkResult& walk) = 0;
 };
 
-// The formats. `place` is a folder for csv, the database for sqlite, a file for all others. Those
-// that rest on a library throw WriteError where this program was built without it.
-std::unique_ptr<RecordSink> OpenCsv(const std::filesystem::path& place, const ExportOptions&);
-std::unique_ptr<RecordSink> OpenJsonLines(const std::filesystem::path& place);
-std::unique_ptr<RecordSink> OpenXlsx(const std::filesystem::path& place);
-std::unique_ptr<RecordSink> OpenMat(const std::filesystem::path& place);
+// The formats. `place` is a folder for csv, a file for all others. Those that rest on a library
+// throw WriteError where this program was built without it.
+std::unique_ptr<RecordSink> OpenCsv(const std::string& place, const ExportOptions& options);
+std::unique_ptr<RecordSink> OpenJsonLines(const std::string& place);
+std::unique_ptr<RecordSink> OpenXlsx(const std::string& place);
+std::unique_ptr<RecordSink> OpenMat(const std::string& place);
 
 }  // namespace host
