@@ -4,6 +4,7 @@
 #include <map>
 
 #include "child_process.h"
+#include "platform.h"
 
 namespace host {
 namespace {
@@ -26,9 +27,11 @@ class JobRun {
   JobRun& operator=(const JobRun&) = delete;
 
   void Run() {
+    HoldInterrupts();
     while (taken_ < count_) {
       StartMore();
       Read();
+      if (Interrupted()) throw InterruptedRun();
       NoteEnds();
       if (!HandOver()) return;
     }
@@ -98,7 +101,7 @@ void RunHere(std::size_t count, const JobCalls& calls) {
 }  // namespace
 
 void RunJobs(std::size_t count, int jobs, const JobCalls& calls) {
-  if (jobs <= 1 || count <= 1) {
+  if (jobs <= 1 || count <= 1 || !HasChildren()) {
     RunHere(count, calls);
   } else {
     JobRun(count, static_cast<std::size_t>(jobs), calls).Run();

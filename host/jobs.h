@@ -5,7 +5,7 @@
 //       .take = [&](std::size_t i, const JobResult& result) { Show(result); return true; },
 //   });
 //
-// An interrupted run ends its processes, waits for them, and ends by the same signal.
+// An interrupted run ends its processes, waits for them, and throws InterruptedRun.
 #pragma once
 
 #include <cstddef>
@@ -13,6 +13,8 @@
 #include <string>
 
 namespace host {
+
+struct InterruptedRun {};
 
 struct JobResult {
   bool finished = true;  // false where the process ended before its work did
@@ -29,8 +31,8 @@ struct JobCalls {
   std::function<void(std::size_t index)> ended = nullptr;
 };
 
-// Does the work of all indices below count, by at most so many processes at once; by one in this
-// process.
+// Does the work of all indices below count, by at most so many processes at once. One job alone, and
+// every job where there are no other processes, is this process's.
 void RunJobs(std::size_t count, int jobs, const JobCalls& calls);
 
 }  // namespace host

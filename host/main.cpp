@@ -10,6 +10,7 @@
 #include "errors.h"
 #include "help_text.h"
 #include "info.h"
+#include "jobs.h"
 #include "outcome.h"
 #include "output.h"
 #include "platform.h"
@@ -70,6 +71,8 @@ int main(int argc, char** argv) {
   if (!host::PrepareStreams()) return static_cast<int>(Outcome::NothingReadable);
   try {
     return static_cast<int>(Run(argc, argv));
+  } catch (const host::InterruptedRun&) {
+    host::EndInterrupted();
   } catch (const host::WrongUsage& fault) {
     host::Complain(fault.what());
     std::fputs("qvslm --help tells how it is used.\n", stderr);

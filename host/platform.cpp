@@ -256,6 +256,8 @@ void EndInterrupted() {
   ExitProcess(STATUS_CONTROL_C_EXIT);
 }
 
+void BecomeChild() {}
+
 std::int32_t UtcOffset(std::int64_t seconds) {
   std::time_t const time = static_cast<std::time_t>(seconds);
   const std::tm* const found = std::localtime(&time);
@@ -414,6 +416,17 @@ void EndInterrupted() {
   std::signal(interrupt, SIG_DFL);
   std::raise(interrupt);
   std::abort();
+}
+
+void BecomeChild() {
+  EndPause const pause;
+  noted.fill({});
+  interrupt = 0;
+  for (int const signal : {SIGHUP, SIGINT, SIGTERM}) {
+    struct sigaction action {};
+    if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler != NoteInterrupt) continue;
+    std::signal(signal, RemoveNotedAndEnd);
+  }
 }
 
 std::int32_t UtcOffset(std::int64_t seconds) {

@@ -43,6 +43,10 @@ bool Interrupted();
 // Ends the program as the interrupt would have. The destructors have to have run.
 [[noreturn]] void EndInterrupted();
 
+// In a process that was copied from another: what is noted is the other's to remove, and an
+// interrupt ends this one at once.
+void BecomeChild();
+
 // The clock of the zone in force, which is that of the library, too.
 std::int32_t UtcOffset(std::int64_t seconds);  // to be added to UTC
 std::tm LocalTime(std::int64_t seconds);
