@@ -1,0 +1,48 @@
+#include "export/written_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+#include "platform.h"
+
+namespace host {
+
+void FailToWrite(const std::string& path) {
+  throw WriteError(path + " cannot be written: " + std::strerror(errno));
+}
+
+WrittenFile::WrittenFile(const std::string& path, const std::string& place)
+    : place_(place), file_(std::fopen(path.c_str(), "wb")), capacity_(128 * 1024) {
+  if (!file_) FailToWrite(place_);
+  std::setvbuf(file_.get(), nullptr, _IONBF, 0);
+  buffer_ = std::make_unique_for_overwrite<char[]>(capacity_);
+}
+
+void WrittenFile::Write(std::string_view text) {
+  char* const at = Room(text.size());
+  Used(std::copy(text.begin(), text.end(), at));
+}
+
+void WrittenFile::Close() {
+  WriteOut();
+  // Some file systems tell only now that the disk is full.
+  if (std::fclose(file_.release()) != 0) FailToWrite(place_);
+}
+
+void WrittenFile::MakeRoom(std::size_t size) {
+  WriteOut();
+  if (size <= capacity_) return;
+  capacity_ = size;
+  buffer_ = std::make_unique_for_overwrite<char[]>(capacity_);
+}
+
+void WrittenFile::WriteOut() {
+  if (std::fwrite(buffer_.get(), 1, used_, file_.get()) != used_) {
+    errno = ErrorOfWrite();
+    FailToWrite(place_);
+  }
+  used_ = 0;
+}
+
+}  // namespace host

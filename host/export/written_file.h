@@ -1,0 +1,53 @@
+// A file that is written from its start to its end, through a buffer that others fill in place.
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace host {
+
+// An output that cannot be written; what() names it and tells why.
+class WriteError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// Throws a WriteError with the reason that errno tells.
+[[noreturn]] void FailToWrite(const std::string& path);
+
+class WrittenFile {
+ public:
+  // Opens the file anew. Faults speak of `place`, where the file belongs once it is whole. Throws
+  // WriteError, as all of these do.
+  WrittenFile(const std::string& path, const std::string& place);
+
+  // Room for so many bytes to come; Used tells how far it was filled.
+  char* Room(std::size_t size) {
+    if (size > capacity_ - used_) MakeRoom(size);
+    return buffer_.get() + used_;
+  }
+  void Used(const char* end) { used_ = static_cast<std::size_t>(end - buffer_.get()); }
+  void Write(std::string_view text);
+
+  // Behind the last byte: all that was written is in the file.
+  void Close();
+
+ private:
+  struct Closer {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+  };
+  void MakeRoom(std::size_t size);
+  void WriteOut();
+
+  std::string place_;
+  std::unique_ptr<std::FILE, Closer> file_;
+  std::unique_ptr<char[]> buffer_;
+  std::size_t capacity_;
+  std::size_t used_ = 0;
+};
+
+}  // namespace host
