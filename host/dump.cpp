@@ -41,7 +41,6 @@ Outcome Dump(const std::string& fileName, const DumpOptions& options, Output& ou
     auto const write = [&] {
       const record_fields::RecordInfo* const info = translation.Info();
       if (info != nullptr && filter.Wants(*info, translation.Record())) {
-        if (output.IsTerminal()) progress.Wipe();
         std::string const text = options.brief ? BriefText(translation, *info, shownName)
                                                : JsonText(json, translation, *info, shownName);
         if (!output.Line(text)) return false;
