@@ -108,7 +108,7 @@ Outcome Run(int argc, char** argv) {
     case Command::Check:
       return Written(output, RunCheck(arguments, output));
     case Command::Plot:
-      break;
+      return RunPlot(arguments.sources, arguments.plot);
   }
   return Outcome::WrongUsage;
 }

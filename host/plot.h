@@ -3,7 +3,9 @@
 
 #include <string>
 
+#include "outcome.h"
 #include "record_choice.h"
+#include "sources.h"
 
 namespace host {
 
@@ -11,7 +13,9 @@ struct PlotOptions {
   RecordChoice choice;
   std::string output;
   std::string field;      // of the records to draw; empty for the ones that tell most
-  bool spectrum = false;  // levels over frequency in place of time
+  bool spectrum = false;  // levels over the bands in place of time
 };
+
+Outcome RunPlot(const Sources& sources, const PlotOptions& options);
 
 }  // namespace host
