@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <limits>
 #include <optional>
 
 #include "errors.h"
@@ -100,7 +101,10 @@ std::string UnitOfField(const FieldInfo& field) {
 // One curve of the picture and what of each record goes to it.
 class LevelSource {
  public:
-  explicit LevelSource(const DrawnField& drawn) : drawn_(drawn) {}
+  LevelSource(const DrawnField& drawn, const RecordChoice& choice) : drawn_(drawn) {
+    if (choice.since) since_ = static_cast<double>(SecondsOfLocal(*choice.since));
+    if (choice.until) until_ = static_cast<double>(SecondsOfLocal(*choice.until));
+  }
 
   void Add(const RecordInfo& info, const std::uint8_t* record, Curve& curve) {
     if (&info != drawn_.record) return;
@@ -141,11 +145,13 @@ class LevelSource {
   }
 
   // A sample is drawn at its time, and a gap where the next does not follow.
-  static void AddSample(double time, double period, double value, Curve& curve) {
-    curve.AddSpan(time, time + period, value);
+  void AddSample(double time, double period, double value, Curve& curve) const {
+    if (time >= since_ && time < until_) curve.AddSpan(time, time + period, value);
   }
 
   DrawnField drawn_;
+  double since_ = 0;
+  double until_ = std::numeric_limits<double>::max();
   SampleSeries series_;
   double lastEntry_ = 0;
 };
@@ -178,7 +184,7 @@ void NoteRunMark(const Translation& translation, LevelPicture& picture) {
 Outcome CollectLevels(const FileList& list, const PlotOptions& options, LevelPicture& picture) {
   std::vector<LevelSource> sources;
   for (const DrawnField& drawn : LevelFields(options)) {
-    sources.emplace_back(drawn);
+    sources.emplace_back(drawn, options.choice);
     picture.curves.push_back(
         {std::string(drawn.record->name) + ' ' + std::string(drawn.field->name),
          StyleOf(*drawn.record),

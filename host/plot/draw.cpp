@@ -27,11 +27,6 @@ namespace {
 constexpr const char* coloursOfSamples[] = {"#9ecbe8", "#c9dfa5"};
 constexpr const char* colours[] = {"#0072b2", "#d55e00", "#009e73", "#cc79a7", "#e69f00"};
 
-const char* ColourOf(const NamedCurve& curve, std::size_t index) {
-  return curve.style == CurveStyle::Samples ? coloursOfSamples[index % std::size(coloursOfSamples)]
-                                            : colours[index % std::size(colours)];
-}
-
 std::string Number(double value) {
   std::array<char, 40> text{};
   std::snprintf(text.data(), text.size(), "%.10g", value);
@@ -64,7 +59,7 @@ std::string Frame(const std::string& title, const std::string& path, const std::
          "set output 'picture'\n"
          "set grid lt 1 lw 0.5 lc '#dddddd'\n"
          "set border 3\nset tics nomirror out\n"
-         "set key below noenhanced\n"
+         "set key bmargin center horizontal noenhanced\nset bmargin 6\n"
          "set title " +
          Quoted(title) +
          " noenhanced\n"
@@ -204,6 +199,8 @@ void DrawLevels(const LevelPicture& picture, const std::string& path) {
   std::string data;
   std::string plots;
   std::size_t index = 0;
+  std::size_t samples = 0;
+  std::size_t others = 0;
   for (const NamedCurve& one : picture.curves) {
     for (const auto& run : one.curve.Runs()) {
       for (const CurvePoint& point : run) {
@@ -216,9 +213,12 @@ void DrawLevels(const LevelPicture& picture, const std::string& path) {
     }
     data += "\n\n";  // the next curve
     bool const isLine = one.style != CurveStyle::Points;
+    const char* const colour = one.style == CurveStyle::Samples
+                                   ? coloursOfSamples[samples++ % std::size(coloursOfSamples)]
+                                   : colours[others++ % std::size(colours)];
     plots += std::string(plots.empty() ? "" : ", ") + "'data' index " + std::to_string(index) +
              " using 1:2 with " + (isLine ? "lines lw 1.2" : "points pt 7 ps 0.5") + " lc '" +
-             ColourOf(one, index) + "' title " + Quoted(one.name);
+             colour + "' title " + Quoted(one.name);
     ++index;
   }
   std::string const marks = Marks(picture, axis, plots);
