@@ -63,9 +63,7 @@ char* PutLatin1(char* at, const std::uint8_t* text, std::size_t size) {
 }
 
 std::size_t MostOf(FieldType type, bool clock) {
-  return 1 + (type == FieldType::Char ? kEscaped
-              : clock                 ? ClockText::kMost
-                                      : NumberText::kMost);
+  return 1 + (type == FieldType::Char ? kEscaped : clock ? ClockText::kMost : NumberText::kMost);
 }
 
 }  // namespace
@@ -82,8 +80,7 @@ const RecordJson::Plan& RecordJson::PlanOf(const RecordInfo& info) {
   auto const add = [&](const FieldInfo& field, const std::string& name, bool clock) {
     bool const level = field.kind == FieldKind::Level && values_ == JsonValues::Told;
     std::string const before = ",\"" + name + "\":";
-    plan.steps.push_back(
-        {before, field.type, clock, level, field.offset, field.rows, field.count});
+    plan.steps.push_back({before, field.type, clock, level, field.offset, field.rows, field.count});
     std::size_t const values = FieldSize(field) / ElementSize(field.type);
     // Quotes or brackets, those of each row too.
     plan.most += before.size() + values * MostOf(field.type, clock) + 2 * (field.rows + 1);
