@@ -1,19 +1,14 @@
 #include "dump.h"
 
-#include <algorithm>
-
 #include "brief_line.h"
 #include "errors.h"
 #include "plain_text.h"
+#include "record_filter.h"
 #include "record_json.h"
 #include "walk.h"
 
 namespace host {
 namespace {
-
-bool IsWanted(std::string_view record, const std::vector<std::string>& names) {
-  return names.empty() || std::find(names.begin(), names.end(), record) != names.end();
-}
 
 std::string BriefText(const Translation& translation, const record_fields::RecordInfo& info,
                       const std::string& fileName) {
@@ -40,12 +35,12 @@ Outcome Dump(const std::string& fileName, const DumpOptions& options, Output& ou
     Translation translation(file);
     Progress progress(fileName);
     std::string const shownName = options.nameFile ? PlainText(fileName) : "";
-    RecordJson json;
+    RecordJson json(options.raw ? JsonValues::Raw : JsonValues::Told);
+    RecordFilter const filter(options.choice);
     std::uint64_t written = 0;
     auto const write = [&] {
       const record_fields::RecordInfo* const info = translation.Info();
-      if (info != nullptr && IsWanted(info->name, options.choice.records)) {
-        if (output.IsTerminal()) progress.Wipe();
+      if (info != nullptr && filter.Wants(*info, translation.Record())) {
         std::string const text = options.brief ? BriefText(translation, *info, shownName)
                                                : JsonText(json, translation, *info, shownName);
         if (!output.Line(text)) return false;

@@ -14,12 +14,15 @@
 #include "outcome.h"
 #include "output.h"
 #include "platform.h"
+#include "progress.h"
 #include "qvslmtranslate.h"
 
 namespace {
 
 using host::Arguments;
 using host::Command;
+using host::FileList;
+using host::FileReport;
 using host::Outcome;
 
 // What the work comes to once all that it wrote is out; a reader who has gone wants no more.
@@ -31,13 +34,51 @@ Outcome Written(host::Output& output, Outcome outcome) {
   return Outcome::NothingReadable;
 }
 
-Outcome ShowFiles(const Arguments& arguments, host::Output& output) {
-  Outcome all = Outcome::Whole;
-  host::DumpOptions dump = arguments.dump;
-  dump.nameFile = arguments.sources.names.size() > 1;
-  for (const std::string& file : arguments.sources.names) {
-    all = Worse(all, arguments.command == Command::Info ? host::Info(file, output)
-                                                        : host::Dump(file, dump, output));
+Outcome RunInfo(const Arguments& arguments, host::Output& output) {
+  FileList const list = FilesOf(arguments.sources);
+  host::InfoTotals totals;
+  auto const show = [&](const FileReport& report) {
+    if (report.facts.is_null()) return true;
+    if (arguments.info.json) {
+      output.Line(host::FactsLine(report.facts));
+    } else {
+      ShowInfo(report.facts, output);
+      totals.Add(report.facts);
+    }
+    return output.Flush();
+  };
+  auto const make = [&](const std::string& file) { return FindInfo(file, arguments.info); };
+  Outcome const all = ReportFiles(list, arguments.sources.jobs, {make, show});
+  if (list.files.size() > 1 && !arguments.info.json) totals.Show(output);
+  return all;
+}
+
+Outcome RunCheck(const Arguments& arguments, host::Output& output) {
+  FileList const list = FilesOf(arguments.sources);
+  host::CheckTotals totals;
+  auto const show = [&](const FileReport& report) {
+    totals.Add(report.outcome);
+    if (arguments.check.json) {
+      output.Line(host::FactsLine(report.facts));
+    } else {
+      ShowDamage(report, output);
+    }
+    return output.Flush();
+  };
+  Outcome const all = ReportFiles(list, arguments.sources.jobs, {host::FindDamage, show});
+  if (list.files.size() > 1 && !arguments.check.json) totals.Show(output);
+  return all;
+}
+
+Outcome RunDump(const Arguments& arguments, host::Output& output) {
+  FileList const list = FilesOf(arguments.sources);
+  host::DumpOptions options = arguments.dump;
+  options.nameFile = list.files.size() > 1;
+  host::RunProgress progress(list.files);
+  Outcome all = list.outcome;
+  for (std::size_t i = 0; i < list.files.size(); ++i) {
+    all = Worse(all, Dump(list.files[i], options, output));
+    progress.Ended(i);
     // Nobody reads any more, or nothing can be written.
     if (!output.Flush()) break;
   }
@@ -46,6 +87,10 @@ Outcome ShowFiles(const Arguments& arguments, host::Output& output) {
 
 Outcome Run(int argc, char** argv) {
   Arguments const arguments = host::ReadArguments(argc, argv);
+  if (!arguments.sources.zone.empty() && !host::UseZoneNamed(arguments.sources.zone)) {
+    throw host::WrongUsage("--tz: there is no zone \"" + arguments.sources.zone +
+                           "\"; zones are named like Europe/Berlin");
+  }
   host::Output output;
   switch (arguments.command) {
     case Command::Help:
@@ -57,12 +102,15 @@ Outcome Run(int argc, char** argv) {
     case Command::Export:
       return static_cast<Outcome>(RunExport(arguments.exported));
     case Command::Info:
+      return Written(output, RunInfo(arguments, output));
     case Command::Dump:
+      return Written(output, RunDump(arguments, output));
     case Command::Check:
+      return Written(output, RunCheck(arguments, output));
     case Command::Plot:
       break;
   }
-  return Written(output, ShowFiles(arguments, output));
+  return Outcome::WrongUsage;
 }
 
 }  // namespace
