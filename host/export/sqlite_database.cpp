@@ -7,9 +7,9 @@ namespace host {
 SqliteStatement::SqliteStatement(SqliteDatabase& database, std::string_view text)
     : database_(database) {
   sqlite3_stmt* statement = nullptr;
-  int const status = sqlite3_prepare_v3(database.Handle(), text.data(),
-                                        static_cast<int>(text.size()), SQLITE_PREPARE_PERSISTENT,
-                                        &statement, nullptr);
+  int const status =
+      sqlite3_prepare_v3(database.Handle(), text.data(), static_cast<int>(text.size()),
+                         SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
   statement_.reset(statement);
   Expect(status);
 }
@@ -60,9 +60,9 @@ void SqliteStatement::Run() {
 
 SqliteDatabase::SqliteDatabase(const std::string& path) : path_(path) {
   sqlite3* handle = nullptr;
-  int const status = sqlite3_open_v2(
-      path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX,
-      nullptr);
+  int const status =
+      sqlite3_open_v2(path.c_str(), &handle,
+                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
   handle_.reset(handle);
   if (status != SQLITE_OK) Fail();
 }

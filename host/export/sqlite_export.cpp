@@ -8,6 +8,7 @@
 #include "export/fingerprint.h"
 #include "export/sqlite_database.h"
 #include "export/sqlite_tables.h"
+#include "export/written_file.h"
 #include "latin1.h"
 #include "plain_text.h"
 #include "record_bytes.h"
@@ -105,7 +106,9 @@ class SqliteFile : public RecordSink {
 
   void NoteIdentity(const Translation& translation) {
     const QvFileHeaderInfo& header = translation.Header();
-    auto const either = [](const std::string& a, const std::string& b) { return a.empty() ? b : a; };
+    auto const either = [](const std::string& a, const std::string& b) {
+      return a.empty() ? b : a;
+    };
     SqliteStatement update(database_,
                            "UPDATE files SET model = ?, serial = ?, firmware = ?, mode = ?, "
                            "title1 = ?, title2 = ?, title3 = ? WHERE id = ?");

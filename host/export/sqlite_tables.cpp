@@ -39,8 +39,8 @@ std::vector<TableColumn> TableColumnsOf(const RecordInfo& info) {
       columns.push_back({std::string(field.name), "BLOB", column, FieldSize(field)});
     } else {
       const char* const type = column.clock || field.type == FieldType::Char ? "TEXT"
-                               : field.type == FieldType::F32               ? "REAL"
-                                                                            : "INTEGER";
+                               : field.type == FieldType::F32                ? "REAL"
+                                                                             : "INTEGER";
       columns.push_back({column.name, type, column, 0});
     }
   }
@@ -123,8 +123,8 @@ void MakeTables(SqliteDatabase& database) {
   FillFieldsTable(database);
   for (const RecordInfo& record : record_fields::kRecords) {
     if (record.code == 0) continue;
-    std::string text = "CREATE TABLE " + QuotedName(record.name) + '(' + kKeys +
-                       ", short INTEGER NOT NULL";
+    std::string text =
+        "CREATE TABLE " + QuotedName(record.name) + '(' + kKeys + ", short INTEGER NOT NULL";
     for (const TableColumn& column : TableColumnsOf(record)) {
       text += ", " + QuotedName(column.name) + ' ' + column.type;
     }
@@ -213,8 +213,9 @@ void SqliteRows::BindLevel(SqliteStatement& insert, int parameter, float value, 
 void SqliteRows::AddSamples(const ExportedRecord& record) {
   auto const number = static_cast<std::int64_t>(record.number);
   auto const prepare = [&](std::optional<SqliteStatement>& insert, const char* table) {
-    if (!insert) insert.emplace(database_, std::string("INSERT INTO ") + table +
-                                               " VALUES(" + Placeholders(7) + ')');
+    if (!insert)
+      insert.emplace(database_,
+                     std::string("INSERT INTO ") + table + " VALUES(" + Placeholders(7) + ')');
   };
   auto const bindKeys = [&](SqliteStatement& insert, std::int64_t id, double time) {
     insert.Bind(1, file_ * kIdsOfFile + id);
