@@ -304,8 +304,11 @@ void RemoveNotedAndEnd(int signal) {
 }
 
 void NoteInterrupt(int signal) {
-  int none = 0;
-  if (!interrupt.compare_exchange_strong(none, signal)) RemoveNotedAndEnd(signal);
+  // A process that was started from here gets Ctrl-C from the terminal, and is ended besides.
+  int first = 0;
+  if (!interrupt.compare_exchange_strong(first, signal) && first == signal) {
+    RemoveNotedAndEnd(signal);
+  }
 }
 
 // What whoever started the program wants ignored stays ignored. Some cannot be asked for.

@@ -23,7 +23,8 @@ std::string ColumnHeading(const Column& column) {
 
 std::string Joined(const std::vector<std::string>& headings, const CsvValues& values) {
   std::string line;
-  for (const std::string& heading : headings) line += values.Quoted(heading) + values.Style().separator;
+  for (const std::string& heading : headings)
+    line += values.Quoted(heading) + values.Style().separator;
   line.pop_back();
   return line.append(kLineEnd);
 }
@@ -48,10 +49,7 @@ char* EndLine(char* at) {
 }  // namespace
 
 CsvRow::CsvRow(const record_fields::RecordInfo& info, bool longTables, CsvValues& values)
-    : longTables_(longTables),
-      values_(values),
-      time_(TimeField(info)),
-      columns_(ColumnsOf(info)) {
+    : longTables_(longTables), values_(values), time_(TimeField(info)), columns_(ColumnsOf(info)) {
   for (const Column& column : columns_) AddStep(column);
   constexpr std::size_t keys = 4;
   most_ += keys * CsvValues::kMost;
@@ -63,7 +61,8 @@ void CsvRow::AddStep(const Column& column) {
   if (bytes && !steps_.empty() && steps_.back().field == &field) {
     ++steps_.back().bytes;
   } else {
-    Step step{&field, column.offset, bytes ? 1U : 0U, column.clock, field.kind == FieldKind::Level, ""};
+    Step step{&field, column.offset, bytes ? 1U : 0U, column.clock, field.kind == FieldKind::Level,
+              ""};
     if (longTables_) {
       char const separator = values_.Style().separator;
       step.before.append(field.name).append(column.clock ? "Local" : "");

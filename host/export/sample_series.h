@@ -8,8 +8,8 @@
 namespace host {
 
 struct Sample {
-  double time;  // seconds since 1970-01-01 00:00 UTC
-  float first;  // dB
+  double time;   // seconds since 1970-01-01 00:00 UTC
+  float first;   // dB
   float second;  // dB; QV_NO_LEVEL without a value, and where the stream has no second levels
 };
 
