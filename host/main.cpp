@@ -117,6 +117,7 @@ Outcome Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   if (!host::PrepareStreams()) return static_cast<int>(Outcome::NothingReadable);
+  host::UseZoneOfEnvironment();
   try {
     return static_cast<int>(Run(argc, argv));
   } catch (const host::InterruptedRun&) {
