@@ -10,7 +10,9 @@ namespace {
 class JsonLines : public RecordSink {
  public:
   explicit JsonLines(const std::string& place)
-      : place_(place), part_(Temporary::FileBeside(place)), file_(part_.Path(), place) {}
+      : place_(place),
+        part_(IsDevice(place) ? Temporary() : Temporary::FileBeside(place)),
+        file_(part_.Path().empty() ? place : part_.Path(), place) {}
 
   void Add(const ExportedRecord& record) override {
     JsonMarks const marks = {.shortItem = record.shortItem, .cut = false, .file = {}};
@@ -22,12 +24,12 @@ class JsonLines : public RecordSink {
 
   void Finish(const Translation&, const WalkResult&) override {
     file_.Close();
-    part_.MoveTo(place_);
+    if (!part_.Path().empty()) part_.MoveTo(place_);
   }
 
  private:
   std::string place_;
-  Temporary part_;
+  Temporary part_;  // none where the place is a device
   WrittenFile file_;
   RecordJson json_;
 };

@@ -103,9 +103,7 @@ struct Kind {
 class MatStructs : public RecordSink {
  public:
   explicit MatStructs(const std::string& place)
-      : place_(place),
-        part_(Temporary::FileBeside(place)),
-        kinds_(std::size(record_fields::kRecords)) {}
+      : place_(place), part_(PlainFileBeside(place)), kinds_(std::size(record_fields::kRecords)) {}
 
   void Add(const ExportedRecord& record) override {
     Kind& kind = kinds_[static_cast<std::size_t>(&record.info - record_fields::kRecords)];

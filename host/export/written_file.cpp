@@ -3,13 +3,27 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 
 #include "platform.h"
 
 namespace host {
 
 void FailToWrite(const std::string& path) {
+  if (errno == EPIPE) throw ReaderHasGone();
   throw WriteError(path + " cannot be written: " + std::strerror(errno));
+}
+
+bool IsDevice(const std::string& place) {
+  std::error_code ignored;
+  return std::filesystem::exists(place, ignored) &&
+         !std::filesystem::is_regular_file(place, ignored);
+}
+
+Temporary PlainFileBeside(const std::string& place) {
+  if (IsDevice(place)) throw WriteError(place + " cannot be written: it is no plain file");
+  return Temporary::FileBeside(place);
 }
 
 WrittenFile::WrittenFile(const std::string& path, const std::string& place)

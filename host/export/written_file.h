@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "temporary.h"
+
 namespace host {
 
 // An output that cannot be written; what() names it and tells why.
@@ -16,8 +18,17 @@ class WriteError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Throws a WriteError with the reason that errno tells.
+// Nobody reads any more what is written.
+struct ReaderHasGone {};
+
+// Throws a WriteError with the reason that errno tells, or ReaderHasGone.
 [[noreturn]] void FailToWrite(const std::string& path);
+
+// Whether a place is there and no plain file: a device, a pipe. Nothing can take its place.
+bool IsDevice(const std::string& place);
+
+// A file beside a place that may not be a device.
+Temporary PlainFileBeside(const std::string& place);
 
 class WrittenFile {
  public:
