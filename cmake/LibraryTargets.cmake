@@ -20,7 +20,8 @@ target_include_directories(QVSLMTRANSLATE INTERFACE
 
 add_library(QVSLMTRANSLATE_static STATIC EXCLUDE_FROM_ALL $<TARGET_OBJECTS:qvslm_objects>)
 add_library(QVSLMTRANSLATE::QVSLMTRANSLATE_static ALIAS QVSLMTRANSLATE_static)
-target_include_directories(QVSLMTRANSLATE_static INTERFACE ${public_headers})
+target_include_directories(QVSLMTRANSLATE_static INTERFACE
+  ${public_headers} ${PROJECT_SOURCE_DIR}/api/front_end)
 target_compile_definitions(QVSLMTRANSLATE_static INTERFACE QVSLMTRANSLATE_STATIC)
 
 add_library(qvslm_internals INTERFACE)

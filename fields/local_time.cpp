@@ -4,7 +4,9 @@
 #include <ctime>
 #include <limits>
 
+#include "fields/local_stamp.h"
 #include "fields/local_years.h"
+#include "fields/zone_table.h"
 
 namespace qvslm {
 
@@ -40,50 +42,6 @@ Calendar FromBrokenDown(const std::tm& stamp) {
 constexpr int kMostAsked = 1200;
 int asked = 0;
 
-constexpr i32 kSecondsOfHour = 3600;
-constexpr i32 kSecondsOfDay = 24 * kSecondsOfHour;
-
-i64 FloorOf(i64 number, i64 unit) {
-  return number >= 0 ? number / unit : -((unit - 1 - number) / unit);
-}
-
-// A day since 1970 as a day of a year since 1900.
-struct YearAndDay {
-  i64 year;
-  i64 day;  // from 0
-};
-YearAndDay YearOfDay(i64 day) {
-  constexpr i64 kDaysOf400Years = 146097;
-  i64 year = 70 + FloorOf(day * 400, kDaysOf400Years);
-  while (DaysBeforeYear(year) > day) --year;
-  while (DaysBeforeYear(year + 1) <= day) ++year;
-  return {year, day - DaysBeforeYear(year)};
-}
-
-i64 DaysBeforeMonth(i64 year, i64 month) {
-  constexpr i64 kDays[] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
-  return kDays[month] + (month > 1 && IsLeapYear(year) ? 1 : 0);
-}
-
-// Seconds of local time as a stamp.
-Calendar StampOf(i64 local, i32 flag) {
-  i64 const day = FloorOf(local, kSecondsOfDay);
-  auto const clock = static_cast<i32>(local - day * kSecondsOfDay);
-  auto const [year, yearDay] = YearOfDay(day);
-  i64 month = 11;
-  while (DaysBeforeMonth(year, month) > yearDay) --month;
-  i64 const weekDay = day + 4 - FloorOf(day + 4, 7) * 7;  // the first day of 1970 was a Thursday
-  return {clock % 60,
-          clock / 60 % 60,
-          clock / kSecondsOfHour,
-          static_cast<i32>(yearDay - DaysBeforeMonth(year, month) + 1),
-          static_cast<i32>(month),
-          static_cast<i32>(year),
-          static_cast<i32>(weekDay),
-          static_cast<i32>(yearDay),
-          flag};
-}
-
 Instant AskForInstant(const Calendar& calendar, i32 flag) {
   Calendar stamp = calendar;
   i64 seconds = 0;
@@ -95,16 +53,8 @@ Instant AskForInstant(const Calendar& calendar, i32 flag) {
 // converted.
 Instant FindInstant(const Calendar& calendar, i32 flag) {
   constexpr i64 kDaysOf400Years = 146097;
-  i64 const years = FloorOf(calendar.Month, 12);
-  i64 const month = calendar.Month - years * 12;
-  i64 const monthOfYear = calendar.Year + years;
-  i32 const second = std::clamp(calendar.Second, 0, 59);
-  i64 const moreSeconds = i64{calendar.Second} - second;
-  i64 const minutes = i64{calendar.Hour} * 60 + calendar.Minute;
-  i64 local =
-      (DaysBeforeYear(monthOfYear) + DaysBeforeMonth(monthOfYear, month) + calendar.Day - 1) *
-          kSecondsOfDay +
-      minutes * 60 + second;
+  i64 const moreSeconds = i64{calendar.Second} - std::clamp(calendar.Second, 0, 59);
+  i64 const local = LocalCount(calendar) - moreSeconds;
   i64 const day = FloorOf(local, kSecondsOfDay);
   auto const [year, yearDay] = YearOfDay(day);
   if (year < 0) return AskForInstant(calendar, flag);
@@ -274,13 +224,19 @@ i32 SecondsOnDay(Remembered& day, const Calendar& calendar, i32 flag) {
 }  // namespace
 
 bool AskZone(Calendar& calendar, i32 flag, i64& seconds) {
+  if (ZoneIsTable()) return AskTable(calendar, flag, seconds);
   constexpr int kNoWeekDay = -1;
   std::tm stamp = BrokenDown(calendar, flag);
   stamp.tm_wday = kNoWeekDay;
   seconds = static_cast<i64>(std::mktime(&stamp));
   bool const found = stamp.tm_wday != kNoWeekDay;
-  if (!found) stamp.tm_wday = 0;
-  calendar = FromBrokenDown(stamp);
+  if (found) {
+    // Not every C library resolves the flag in the stamp that it was given.
+    calendar = LocalCalendar(seconds);
+  } else {
+    stamp.tm_wday = 0;
+    calendar = FromBrokenDown(stamp);
+  }
   return found;
 }
 
@@ -310,6 +266,7 @@ i32 LocalSeconds(Calendar& calendar) {
 }
 
 Calendar LocalCalendar(i64 seconds) {
+  if (ZoneIsTable()) return TableCalendar(seconds);
   auto const time = static_cast<std::time_t>(seconds);
   const std::tm* const stamp = std::localtime(&time);
   return stamp == nullptr ? ClearedCalendar() : FromBrokenDown(*stamp);

@@ -1,4 +1,5 @@
-// The host's clock and time zone: the only door to them.
+// The host's clock and time zone: the only door to them. The zone is the C library's, or one that a
+// front end has handed in (fields/zone_table).
 //
 // Conversions repeat for thousands of stamps of one day, so LocalSeconds remembers days whose first
 // and last second it has found to lie in one stretch of the zone, and adds hours, minutes and

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <iterator>
 
+#include "fields/local_stamp.h"
 #include "fields/local_time.h"
 
 namespace qvslm {
 
 namespace {
 
-constexpr i32 kSecondsOfDay = 86400;
 constexpr u32 kMostStretches = 8192;
 constexpr i32 kDaysBetweenAsked = 30;
 constexpr i32 kMostDaysOfYear = 366;

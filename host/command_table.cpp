@@ -295,7 +295,36 @@ constexpr CommandInfo commands[] = {
      plotOptions, plotExamples},
 };
 
+constexpr NamedFact exitStatuses[] = {
+    {"0", "everything was delivered, or the reader of the output has gone"},
+    {"1", "of at least one file nothing could be read, or the output could not be written"},
+    {"2", "wrong usage"},
+    {"3", "at least one file ended early or is damaged; what was delivered before stands"},
+};
+
+constexpr NamedFact environmentVariables[] = {
+    {"TZ", "place of the measurement where --tz does not tell it"},
+    {"NO_COLOR", "where it is set and not empty, nothing is coloured"},
+    {"TMPDIR", "folder of the copies of standard input, pipes and devices"},
+};
+
 }  // namespace
+
+std::string_view Purpose() {
+  return "reads the measurement files of sound level meters";
+}
+
+std::string_view AboutFiles() {
+  return "FILE may be - for standard input, or a folder. Behind -- every argument is a FILE.";
+}
+
+std::span<const NamedFact> ExitStatuses() {
+  return exitStatuses;
+}
+
+std::span<const NamedFact> EnvironmentVariables() {
+  return environmentVariables;
+}
 
 std::span<const CommandInfo> Commands() {
   return commands;

@@ -37,6 +37,17 @@ struct CommandInfo {
   std::span<const Example> examples;
 };
 
+// What else help and manual tell, each by a name.
+struct NamedFact {
+  std::string_view name;
+  std::string_view what;
+};
+
+std::string_view Purpose();
+std::string_view AboutFiles();
+std::span<const NamedFact> ExitStatuses();
+std::span<const NamedFact> EnvironmentVariables();
+
 std::span<const CommandInfo> Commands();
 // Null for a word that is no command.
 const CommandInfo* FindCommand(std::string_view name);

@@ -2,7 +2,6 @@
 
 #include "brief_line.h"
 #include "errors.h"
-#include "plain_text.h"
 #include "record_filter.h"
 #include "record_json.h"
 #include "walk.h"
@@ -34,7 +33,7 @@ Outcome Dump(const std::string& fileName, const DumpOptions& options, Output& ou
     InputFile const file(fileName);
     Translation translation(file);
     Progress progress(fileName);
-    std::string const shownName = options.nameFile ? PlainText(fileName) : "";
+    std::string const shownName = options.nameFile ? fileName : "";
     RecordJson json(options.raw ? JsonValues::Raw : JsonValues::Told);
     RecordFilter const filter(options.choice);
     std::uint64_t written = 0;

@@ -17,6 +17,7 @@ void FailWithErrno(const std::string& what) {
 void Complain(const std::string& what) {
   WipeProgress();
   std::fprintf(stderr, "qvslm: %s\n", PlainText(what).c_str());
+  std::fflush(stderr);
 }
 
 void Report(const std::string& file, const std::string& what, int code) {

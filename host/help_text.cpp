@@ -30,18 +30,15 @@ void AddWrapped(std::vector<std::string>& lines, std::string line, std::size_t i
 }
 
 std::vector<std::string> Overview() {
-  std::vector<std::string> lines = {"Reads the measurement files of sound level meters.", ""};
+  std::vector<std::string> lines = {"qvslm " + std::string(Purpose()) + ".", ""};
   for (const CommandInfo& command : Commands()) {
     AddWrapped(lines, "qvslm " + std::string(command.name) + " [OPTION] FILE...", 34,
                command.summary);
   }
-  lines.insert(lines.end(), {
-                                "qvslm help COMMAND",
-                                "qvslm --help | --version",
-                                "",
-                                "FILE may be - for standard input, or a folder. Behind -- every "
-                                "argument is a FILE.",
-                            });
+  for (const char* const line : {"qvslm help COMMAND", "qvslm --help | --version", ""}) {
+    lines.emplace_back(line);
+  }
+  lines.emplace_back(AboutFiles());
   return lines;
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "arguments.h"
+#include "command_table.h"
 #include "dump.h"
 #include "errors.h"
 #include "help_text.h"
@@ -32,6 +33,12 @@ Outcome Written(host::Output& output, Outcome outcome) {
   if (!output.Failed()) return outcome;
   host::Complain("standard output cannot be written: " + output.WhatFailed());
   return Outcome::NothingReadable;
+}
+
+// What tells more of a command line that cannot be understood.
+std::string HelpCommand(int argc, char** argv) {
+  const host::CommandInfo* const command = argc < 2 ? nullptr : host::FindCommand(argv[1]);
+  return command == nullptr ? "--help" : "help " + std::string(command->name);
 }
 
 Outcome RunInfo(const Arguments& arguments, host::Output& output) {
@@ -117,13 +124,14 @@ Outcome Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   if (!host::PrepareStreams()) return static_cast<int>(Outcome::NothingReadable);
+  host::UseZoneOfEnvironment();
   try {
     return static_cast<int>(Run(argc, argv));
   } catch (const host::InterruptedRun&) {
     host::EndInterrupted();
   } catch (const host::WrongUsage& fault) {
     host::Complain(fault.what());
-    std::fputs("qvslm --help tells how it is used.\n", stderr);
+    std::fprintf(stderr, "qvslm %s tells how it is used.\n", HelpCommand(argc, argv).c_str());
     return static_cast<int>(Outcome::WrongUsage);
   } catch (const std::exception& fault) {
     host::Complain(fault.what());

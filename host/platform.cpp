@@ -21,13 +21,24 @@
 #include <windows.h>
 #include <winioctl.h>
 
+#include <algorithm>
 #include <system_error>
+#include <vector>
+
+#include "carried_zones.h"
+#include "qvslm_zone.h"
 #else
 #include <sys/ioctl.h>
 
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#endif
+
+#if defined(_WIN32)
+// Where no shell does it, the C library makes names of *.qvd.
+extern "C" int _dowildcard;
+int _dowildcard = -1;
 #endif
 
 namespace host {
@@ -100,6 +111,10 @@ class EndPause {
 
 std::atomic<bool> holdsInterrupts{false};
 
+// The zone asked for by its name; without one that of the C library is in force.
+std::vector<QvZoneChange> zone;
+std::string zoneName;
+
 struct Console {
   HANDLE handle = INVALID_HANDLE_VALUE;
   DWORD mode = 0;  // as it was found
@@ -152,7 +167,7 @@ BOOL WINAPI OnControl(DWORD event) {
   AcquireSRWLockExclusive(&ending);
   RemoveNoted();
   RestoreConsole();
-  return FALSE;
+  ExitProcess(STATUS_CONTROL_C_EXIT);
 }
 
 void LetInvalidArgumentsFail(const wchar_t*, const wchar_t*, const wchar_t*, unsigned,
@@ -182,6 +197,9 @@ bool PrepareStreams() {
     if (!Holds(stream)) return false;
     _setmode(stream, _O_BINARY);
   }
+  // Byte by byte a console cannot tell what a character is.
+  constexpr std::size_t bufferSize = 4096;
+  std::setvbuf(stderr, nullptr, _IOFBF, bufferSize);
   SetConsoleCtrlHandler(OnControl, TRUE);
   PrepareConsole();
   return true;
@@ -200,9 +218,9 @@ int TerminalWidth(int stream) {
 }
 
 int ErrorOfWrite() {
-  // The C library has no number for a pipe whose other end is closed.
-  bool const closed = errno == EINVAL && _doserrno == ERROR_NO_DATA;
-  return closed ? EPIPE : errno;
+  // The C library has no number of its own for a pipe whose other end is closed.
+  bool const closed = _doserrno == ERROR_NO_DATA || _doserrno == ERROR_PIPE_NOT_CONNECTED;
+  return errno == EINVAL && closed ? EPIPE : errno;
 }
 
 int OpenToRead(const std::string& path) {
@@ -258,20 +276,44 @@ void EndInterrupted() {
 
 void BecomeChild() {}
 
+void UseZoneOfEnvironment() {
+  // What is no name is left to the C library: UTC0.
+  if (const char* const name = std::getenv("TZ")) UseZoneNamed(name);
+}
+
 std::int32_t UtcOffset(std::int64_t seconds) {
-  std::time_t const time = static_cast<std::time_t>(seconds);
+  if (!zone.empty()) {
+    auto const next = std::upper_bound(
+        zone.begin() + 1, zone.end(), seconds,
+        [](std::int64_t instant, const QvZoneChange& change) { return instant < change.From; });
+    return std::prev(next)->Offset;
+  }
+  auto const time = static_cast<std::time_t>(seconds);
   const std::tm* const found = std::localtime(&time);
   if (found == nullptr) return 0;
   std::tm clock = *found;
   return static_cast<std::int32_t>(_mkgmtime(&clock) - time);
 }
 
-bool UseZoneNamed(const std::string&) {
-  return false;
+bool UseZoneNamed(const std::string& name) {
+  std::vector<QvZoneChange> changes = CarriedZone(name);
+  if (changes.empty()) return false;
+  zone = std::move(changes);
+  zoneName = name;
+  QvUseZone(zone.data(), zone.size());
+  return true;
 }
 
 std::string ZoneInForce() {
-  return "";
+  if (!zoneName.empty()) return zoneName;
+  if (const char* const text = std::getenv("TZ")) return text;
+  DYNAMIC_TIME_ZONE_INFORMATION system{};
+  if (GetDynamicTimeZoneInformation(&system) == TIME_ZONE_ID_INVALID) return "";
+  std::array<char, 512> name{};
+  constexpr int whole = -1;
+  WideCharToMultiByte(CP_UTF8, 0, system.TimeZoneKeyName, whole, name.data(),
+                      static_cast<int>(name.size()) - 1, nullptr, nullptr);
+  return name.data();
 }
 
 #else
@@ -431,6 +473,8 @@ void BecomeChild() {
     std::signal(signal, RemoveNotedAndEnd);
   }
 }
+
+void UseZoneOfEnvironment() {}
 
 std::int32_t UtcOffset(std::int64_t seconds) {
   std::time_t const time = static_cast<std::time_t>(seconds);

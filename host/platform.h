@@ -10,8 +10,8 @@ namespace host {
 
 // To be called before anything else. Bytes go through the standard streams as they are; a reader
 // who has gone fails the write and ends nothing. Where a stream is closed its place is held, so
-// that no file that is opened later takes it, and to use it fails. A console shows UTF-8. False
-// where the places cannot be held.
+// that no file that is opened later takes it, and to use it fails. A console shows UTF-8. What is
+// written to stderr may have to be flushed. False where the places cannot be held.
 bool PrepareStreams();
 
 bool IsTerminal(int stream);    // one that understands the sequences of ANSI
@@ -47,7 +47,10 @@ bool Interrupted();
 // interrupt ends this one at once.
 void BecomeChild();
 
-// The clock of the zone in force, which is that of the library, too.
+// The clock of the zone in force, which is that of the library, too: that of the environment (TZ) or
+// of the system until another one is asked for. A C library that knows no names of zones is helped
+// by a first call.
+void UseZoneOfEnvironment();
 std::int32_t UtcOffset(std::int64_t seconds);  // to be added to UTC
 std::tm LocalTime(std::int64_t seconds);
 // From here on the zone of a name of the tz database: Europe/Berlin. False where there is none of

@@ -32,6 +32,7 @@ void WriteLine(const std::string& text) {
 void WipeProgress() {
   if (!visible) return;
   std::fputs("\r\033[K", stderr);
+  std::fflush(stderr);
   visible = false;
 }
 

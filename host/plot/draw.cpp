@@ -57,6 +57,7 @@ std::string Frame(const std::string& title, const std::string& path, const std::
                                            : "value in " + unit;
   return "set encoding utf8\n" + terminal +
          "set output 'picture'\n"
+         "set offsets graph 0, 0, 0.05, 0.05\n"
          "set grid lt 1 lw 0.5 lc '#dddddd'\n"
          "set border 3\nset tics nomirror out\n"
          "set key bmargin center horizontal noenhanced\nset bmargin 6\n"

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "host/qvslm_process.h"
+#include "support/temp_folder.h"
 #include "support/translation.h"
 
 namespace {
@@ -80,11 +81,15 @@ TEST(ExitCode, OneForAFileThatIsNotThere) {
   }
 }
 
-TEST(ExitCode, OneForAFolder) {
-  std::string const folder = std::filesystem::temp_directory_path().string();
-  Result const result = RunQvslm({"dump", folder});
-  EXPECT_EQ(result.exitCode, 1);
-  EXPECT_EQ(result.err, "qvslm: " + folder + ": the file cannot be read: Is a directory (-302)\n");
+TEST(ExitCode, OneForAFolderWithoutFiles) {
+  test::TempFolder const folder;
+  for (const char* const command : {"info", "dump", "check"}) {
+    Result const result = RunQvslm({command, folder.Path()});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err,
+              "qvslm: " + folder.Path() + ": the folder has no files that end in .qvd\n");
+  }
 }
 
 TEST(ExitCode, OneForWhatIsNoMeasurementFile) {

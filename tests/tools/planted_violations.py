@@ -42,6 +42,20 @@ LINES = [
     ("api/include/qvslmtranslate.h", "#include <cstdint>", f"<cstdint> {HERE}"),
     ("api/include/qvslm_records.h", "#include <sys/types.h>", f"<sys/types.h> {HERE}"),
     ("api/include/qvslm_records.h", "#include <stdbool.h>", None),
+    # The header of front ends.
+    ("api/front_end/qvslm_zone.h", '#include "qvslmtranslate.h"',
+     f"api/include/qvslmtranslate.h {HERE}"),
+    ("api/front_end/qvslm_zone.h", "#include <cstdint>", f"<cstdint> {HERE}"),
+    ("fields/calendar.cpp", '#include "api/front_end/qvslm_zone.h"',
+     f"api/front_end/qvslm_zone.h {HERE}"),
+    ("api/start.cpp", '#include "api/front_end/qvslm_zone.h"', f"api/front_end/qvslm_zone.h {HERE}"),
+    ("bench/limit.cpp", '#include "qvslm_zone.h"', f"api/front_end/qvslm_zone.h {HERE}"),
+    ("tests/consumer/consumer.c", '#include "qvslm_zone.h"', f"api/front_end/qvslm_zone.h {HERE}"),
+    ("tools/zone_info/tzif.cpp", '#include "writers.h"', f"tools/writers.h {HERE}"),
+    ("host/walk.cpp", '#include "qvslm_zone.h"', None),
+    ("python/planted.c", '#include "qvslm_zone.h"', None),
+    ("web/planted_page.c", '#include "qvslm_zone.h"', None),
+    ("tests/support/steps.h", '#include "qvslm_zone.h"', None),
     # Those who use the library from outside, whatever the way they write it.
     ("host/walk.cpp", '#include "api/context.h"', f"api/context.h {HERE}"),
     ("host/walk.cpp", '#  include "../fields/levels.h"', f"fields/levels.h {HERE}"),
@@ -127,7 +141,8 @@ class Trial:
         files = {}
         places = []
         for path, line, _ in rows:
-            text = files.get(path) or (self.copy / path).read_text()
+            file = self.copy / path
+            text = files.get(path) or (file.read_text() if file.exists() else "")
             places.append(f"{path}:{text.count(chr(10)) + 1}: ")
             files[path] = text + line + "\n"
         told = self.plant(files, "--no-compile")
