@@ -41,6 +41,8 @@ FileReport Guarded(const std::string& name, Work work) {
     Report(name, fault.what(), fault.Code());
   } catch (const WriteError& fault) {
     Remark(name, fault.what());
+  } catch (const ReaderHasGone&) {
+    return ReportOf(Outcome::Whole, Fate::Written);
   }
   return ReportOf(Outcome::NothingReadable, Fate::Failed);
 }

@@ -47,7 +47,7 @@ namespace {
 // What is removed when a signal ends the program. A handler reads it: no memory of the heap, and
 // nothing of it changes without an EndPause.
 using NotedPath = std::array<char, 4096>;
-std::array<NotedPath, 16> noted{};
+std::array<NotedPath, 64> noted{};
 
 void Note(std::string_view path) {
   for (NotedPath& place : noted) {

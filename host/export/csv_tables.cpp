@@ -1,5 +1,7 @@
 // The records of a file as a folder of CSV tables, one a record name.
+#include <cmath>
 #include <filesystem>
+#include <limits>
 #include <map>
 #include <optional>
 #include <system_error>
@@ -52,11 +54,18 @@ void ReplaceTables(const fs::path& from, const fs::path& place) {
   }
 }
 
+Temporary FolderBeside(const std::string& place) {
+  if (fs::exists(place) && !fs::is_directory(place)) {
+    throw WriteError(place + " cannot be written: it is no folder");
+  }
+  return Temporary::FolderBeside(place);
+}
+
 class CsvTables : public RecordSink {
  public:
   CsvTables(const std::string& place, const ExportOptions& options)
       : place_(place),
-        folder_(Temporary::FolderBeside(place)),
+        folder_(FolderBeside(place)),
         longTables_(options.longTables),
         values_({options.separator, options.decimal, options.guard}) {}
 
@@ -89,8 +98,10 @@ class CsvTables : public RecordSink {
 
   std::unique_ptr<WrittenFile> OpenTable(std::string_view name, const std::string& heading) {
     std::string const fileName = FileName(name);
-    auto file = std::make_unique<WrittenFile>((fs::path(folder_.Path()) / fileName).string(),
-                                              (fs::path(place_) / fileName).string());
+    // The file goes with the folder; it is noted by itself for a signal that ends the program.
+    auto file = std::make_unique<WrittenFile>(
+        Temporary::File((fs::path(folder_.Path()) / fileName).string()),
+        (fs::path(place_) / fileName).string());
     file->Write(heading);
     return file;
   }
@@ -128,9 +139,9 @@ class CsvTables : public RecordSink {
 
   char* PutTime(char* at, std::int64_t number, double time) {
     at = values_.PutWhole(at, number);
-    auto const whole = static_cast<std::int64_t>(time);
-    at = static_cast<double>(whole) == time ? values_.PutWhole(at, whole)
-                                            : values_.PutDouble(at, time);
+    at = time == std::trunc(time) && time <= std::numeric_limits<std::int32_t>::max()
+             ? values_.PutWhole(at, static_cast<std::int64_t>(time))
+             : values_.PutDouble(at, time);
     return values_.PutClockWithMilliseconds(at, time);
   }
 

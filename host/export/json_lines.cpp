@@ -10,7 +10,7 @@ namespace {
 class JsonLines : public RecordSink {
  public:
   explicit JsonLines(const std::string& place)
-      : place_(place), part_(Temporary::FileBeside(place)), file_(part_.Path(), place) {}
+      : file_(IsDevice(place) ? Temporary() : Temporary::FileBeside(place), place) {}
 
   void Add(const ExportedRecord& record) override {
     JsonMarks const marks = {.shortItem = record.shortItem, .cut = false, .file = {}};
@@ -20,14 +20,9 @@ class JsonLines : public RecordSink {
     file_.Used(at);
   }
 
-  void Finish(const Translation&, const WalkResult&) override {
-    file_.Close();
-    part_.MoveTo(place_);
-  }
+  void Finish(const Translation&, const WalkResult&) override { file_.Keep(); }
 
  private:
-  std::string place_;
-  Temporary part_;
   WrittenFile file_;
   RecordJson json_;
 };

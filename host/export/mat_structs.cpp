@@ -70,6 +70,13 @@ Variable NewText(std::string_view text) {
   return NewText(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
 }
 
+// A row of texts; it owns them.
+Variable NewCells(const std::vector<matvar_t*>& texts) {
+  std::array<std::size_t, 2> dimensions = {1, texts.size()};
+  return Variable(Mat_VarCreate(nullptr, MAT_C_CELL, MAT_T_CELL, 2, dimensions.data(),
+                                const_cast<matvar_t**>(texts.data()), 0));
+}
+
 Variable NewStruct(const char* name, std::size_t count, const std::vector<std::string>& fields) {
   std::vector<const char*> names;
   for (const std::string& field : fields) names.push_back(field.c_str());
@@ -103,9 +110,7 @@ struct Kind {
 class MatStructs : public RecordSink {
  public:
   explicit MatStructs(const std::string& place)
-      : place_(place),
-        part_(Temporary::FileBeside(place)),
-        kinds_(std::size(record_fields::kRecords)) {}
+      : place_(place), part_(PlainFileBeside(place)), kinds_(std::size(record_fields::kRecords)) {}
 
   void Add(const ExportedRecord& record) override {
     Kind& kind = kinds_[static_cast<std::size_t>(&record.info - record_fields::kRecords)];
@@ -167,7 +172,7 @@ class MatStructs : public RecordSink {
       if (field.reserved || field.offset == 0) continue;
       members.push_back({&field, false});
       names.emplace_back(field.name);
-      if (field.kind != FieldKind::Time || field.count != 0) continue;
+      if (field.kind != FieldKind::Time) continue;
       members.push_back({&field, true});
       names.push_back(std::string(field.name) + "Local");
     }
@@ -186,12 +191,8 @@ class MatStructs : public RecordSink {
   Variable Value(const Member& member, const std::uint8_t* record) {
     const FieldInfo& field = *member.field;
     const std::uint8_t* const bytes = record + field.offset;
-    if (member.clock) {
-      char text[ClockText::kMost];
-      const char* const end = clock_.Put(text, ReadAs<std::int32_t>(bytes));
-      return NewText(std::string_view(text, static_cast<std::size_t>(end - text)));
-    }
-    if (field.type == FieldType::Char) return NewText(bytes, field.count);
+    if (member.clock) return Clocks(field, bytes);
+    if (field.type == FieldType::Char) return Texts(field, bytes);
     if (IsRawBytes(field)) return NewBytes(bytes, field.count);
     std::size_t const rows = field.rows == 0 ? 1 : field.rows;
     std::size_t const columns = field.count == 0 ? 1 : field.count;
@@ -203,6 +204,30 @@ class MatStructs : public RecordSink {
       }
     }
     return NewMatrix(nullptr, rows, columns, values);
+  }
+
+  Variable Clock(const std::uint8_t* bytes) {
+    char text[ClockText::kMost];
+    const char* const end = clock_.Put(text, ReadAs<std::int32_t>(bytes));
+    return NewText(std::string_view(text, static_cast<std::size_t>(end - text)));
+  }
+
+  Variable Clocks(const FieldInfo& field, const std::uint8_t* bytes) {
+    if (field.count == 0) return Clock(bytes);
+    std::vector<matvar_t*> texts;
+    for (std::size_t i = 0; i < field.count; ++i) {
+      texts.push_back(Clock(bytes + i * ElementSize(field.type)).release());
+    }
+    return NewCells(texts);
+  }
+
+  static Variable Texts(const FieldInfo& field, const std::uint8_t* bytes) {
+    if (field.rows == 0) return NewText(bytes, field.count);
+    std::vector<matvar_t*> texts;
+    for (std::size_t row = 0; row < field.rows; ++row) {
+      texts.push_back(NewText(bytes + row * field.count, field.count).release());
+    }
+    return NewCells(texts);
   }
 
   double Number(const FieldInfo& field, const std::uint8_t* bytes) {

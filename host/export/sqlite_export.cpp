@@ -220,6 +220,7 @@ class SqliteExport : public ExportDatabase {
 }  // namespace
 
 std::unique_ptr<ExportDatabase> OpenSqlite(const std::string& place, const std::string& choice) {
+  if (IsDevice(place)) throw WriteError(place + " cannot be written: it is no plain file");
   return std::make_unique<SqliteExport>(place, choice);
 }
 

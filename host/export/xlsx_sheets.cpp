@@ -36,9 +36,7 @@ struct Sheet {
 class XlsxSheets : public RecordSink {
  public:
   explicit XlsxSheets(const std::string& place)
-      : place_(place),
-        part_(Temporary::FileBeside(place)),
-        tables_(std::size(record_fields::kRecords)) {
+      : place_(place), part_(PlainFileBeside(place)), tables_(std::size(record_fields::kRecords)) {
     // A row goes to a file as soon as the next begins.
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;

@@ -103,15 +103,9 @@ std::string RunGnuplot(const std::string& folder, bool isSvg) {
 }
 
 void Deliver(const std::string& picture, const std::string& path) {
-  std::error_code ignored;
-  // What is no file cannot be replaced by one: a device, a pipe.
-  bool const isFile =
-      !std::filesystem::exists(path, ignored) || std::filesystem::is_regular_file(path, ignored);
-  Temporary beside = isFile ? Temporary::FileBeside(path) : Temporary();
-  WrittenFile file(isFile ? beside.Path() : path, path);
+  WrittenFile file(IsDevice(path) ? Temporary() : Temporary::FileBeside(path), path);
   file.Write(picture);
-  file.Close();
-  if (isFile) beside.MoveTo(path);
+  file.Keep();
 }
 
 void Draw(const std::string& script, const std::string& data, const std::string& path) {
