@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "plain_text.h"
+#include "progress.h"
 #include "qvslmtranslate.h"
 
 namespace host {
@@ -14,6 +15,7 @@ void FailWithErrno(const std::string& what) {
 }
 
 void Complain(const std::string& what) {
+  WipeProgress();
   std::fprintf(stderr, "qvslm: %s\n", PlainText(what).c_str());
   std::fflush(stderr);
 }

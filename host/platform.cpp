@@ -47,7 +47,7 @@ namespace {
 // What is removed when a signal ends the program. A handler reads it: no memory of the heap, and
 // nothing of it changes without an EndPause.
 using NotedPath = std::array<char, 4096>;
-std::array<NotedPath, 16> noted{};
+std::array<NotedPath, 64> noted{};
 
 void Note(std::string_view path) {
   for (NotedPath& place : noted) {
@@ -276,6 +276,8 @@ void EndInterrupted() {
   ExitProcess(STATUS_CONTROL_C_EXIT);
 }
 
+void BecomeChild() {}
+
 void UseZoneOfEnvironment() {
   // What is no name is left to the C library: UTC0.
   if (const char* const name = std::getenv("TZ")) UseZoneNamed(name);
@@ -346,8 +348,11 @@ void RemoveNotedAndEnd(int signal) {
 }
 
 void NoteInterrupt(int signal) {
-  int none = 0;
-  if (!interrupt.compare_exchange_strong(none, signal)) RemoveNotedAndEnd(signal);
+  // A process that was started from here gets Ctrl-C from the terminal, and is ended besides.
+  int first = 0;
+  if (!interrupt.compare_exchange_strong(first, signal) && first == signal) {
+    RemoveNotedAndEnd(signal);
+  }
 }
 
 // What whoever started the program wants ignored stays ignored. Some cannot be asked for.
@@ -458,6 +463,17 @@ void EndInterrupted() {
   std::signal(interrupt, SIG_DFL);
   std::raise(interrupt);
   std::abort();
+}
+
+void BecomeChild() {
+  EndPause const pause;
+  noted.fill({});
+  interrupt = 0;
+  for (int const signal : {SIGHUP, SIGINT, SIGTERM}) {
+    struct sigaction action {};
+    if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler != NoteInterrupt) continue;
+    std::signal(signal, RemoveNotedAndEnd);
+  }
 }
 
 void UseZoneOfEnvironment() {}

@@ -45,6 +45,10 @@ bool Interrupted();
 // Ends the program as the interrupt would have. The destructors have to have run.
 [[noreturn]] void EndInterrupted();
 
+// In a process that was copied from another: what is noted is the other's to remove, and an
+// interrupt ends this one at once.
+void BecomeChild();
+
 // The clock of the zone in force, which is that of the library, too: that of the environment (TZ) or
 // of the system until another one is asked for. A C library that knows no names of zones is helped
 // by a first call.
