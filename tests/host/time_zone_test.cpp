@@ -15,10 +15,8 @@ using test::TempFile;
 
 // A level mark of 21 June 2024, 12:30:00.
 const TempFile& Mark() {
-  static TempFile const file(
-      test::General()
-          .Item(5, Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0))
-          .EndOfData());
+  Body const mark = Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0);
+  static TempFile const file(test::Startable(test::General().Item(5, mark).EndOfData()));
   return file;
 }
 
