@@ -76,6 +76,11 @@ bool IsPlainFile(int file) {
   return fstat(file, &state) == 0 && S_ISREG(state.st_mode);
 }
 
+std::uint64_t SizeOf(const std::string& path) {
+  struct stat state {};
+  return stat(path.c_str(), &state) == 0 ? static_cast<std::uint64_t>(state.st_size) : 0;
+}
+
 std::tm LocalTime(std::int64_t seconds) {
   using namespace std::chrono;
   sys_seconds const local{std::chrono::seconds(seconds + UtcOffset(seconds))};
