@@ -226,8 +226,9 @@ int ErrorOfWrite() {
   // The C library has no number of its own for a pipe whose other end is closed.
   bool const closed = _doserrno == ERROR_NO_DATA || _doserrno == ERROR_PIPE_NOT_CONNECTED;
   if (errno == EINVAL && closed) return EPIPE;
-  // What is written in part, without an error, found no room for the rest.
-  return errno == 0 ? ENOSPC : errno;
+  // What is written in part, without an error of the system, found no room for the rest.
+  bool const isPart = (errno == 0 || errno == EINVAL) && _doserrno == 0;
+  return isPart ? ENOSPC : errno;
 }
 
 int OpenToRead(const std::string& path) {
