@@ -14,6 +14,10 @@ set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${exports})
 
 enable_language(RC)
 string(REPLACE "." "," version_numbers ${PROJECT_VERSION})
+set(resource_type VFT_DLL)
+set(resource_name QVSLMTRANSLATE)
+set(resource_file QVSLMTRANSLATE.dll)
+set(resource_text "Reads the measurement files of a family of sound level meters")
 configure_file(${PROJECT_SOURCE_DIR}/cmake/windows/version.rc.in
                ${PROJECT_BINARY_DIR}/version.rc @ONLY)
 target_sources(QVSLMTRANSLATE PRIVATE ${definition} ${PROJECT_BINARY_DIR}/version.rc)
@@ -23,12 +27,16 @@ if(MINGW)
   target_link_options(QVSLMTRANSLATE PRIVATE -static -Wl,--no-insert-timestamp)
   target_compile_options(qvslm_objects PRIVATE -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
 
+  # keep_debug_information_beside(TARGET): moves it to a file beside, with .debug behind its name.
   set(without_time ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0 ${CMAKE_OBJCOPY})
-  add_custom_command(TARGET QVSLMTRANSLATE POST_BUILD
-    COMMAND ${without_time} --only-keep-debug QVSLMTRANSLATE.dll QVSLMTRANSLATE.dll.debug
-    COMMAND ${without_time} --strip-unneeded --add-gnu-debuglink=QVSLMTRANSLATE.dll.debug
-            QVSLMTRANSLATE.dll
-    WORKING_DIRECTORY ${PROJECT_BINARY_DIR} VERBATIM)
+  function(keep_debug_information_beside target)
+    set(file $<TARGET_FILE_NAME:${target}>)
+    add_custom_command(TARGET ${target} POST_BUILD
+      COMMAND ${without_time} --only-keep-debug ${file} ${file}.debug
+      COMMAND ${without_time} --strip-unneeded --add-gnu-debuglink=${file}.debug ${file}
+      WORKING_DIRECTORY $<TARGET_FILE_DIR:${target}> VERBATIM)
+  endfunction()
+  keep_debug_information_beside(QVSLMTRANSLATE)
 
   # The import library that the linkers of MSVC and LLVM read: the short form, as their own tools
   # write it.

@@ -1,152 +1,130 @@
 #include "arguments.h"
 
-#include <getopt.h>
-
+#include <CLI/CLI.hpp>
 #include <algorithm>
-#include <charconv>
-#include <iterator>
+#include <deque>
+#include <string_view>
 
-#include "record_table.h"
+#include "command_table.h"
 
 namespace host {
 namespace {
 
-// What getopt_long gives for an option; 1 is its own number for an argument that is none.
-enum Option { PlainArgument = 1, Help = 'h', Records = 256, Limit, NoCensus, Brief, Cut };
+using Words = std::vector<std::string>;
 
-constexpr option infoOptions[] = {
-    {"help", no_argument, nullptr, Help},
-    {nullptr, 0, nullptr, 0},
-};
-constexpr option dumpOptions[] = {
-    {"help", no_argument, nullptr, Help},
-    {"brief", no_argument, nullptr, Brief},
-    {"records", required_argument, nullptr, Records},
-    {"limit", required_argument, nullptr, Limit},
-    {"no-census", no_argument, nullptr, NoCensus},
-    {"cut", no_argument, nullptr, Cut},
-    {nullptr, 0, nullptr, 0},
-};
-
-std::string RecordNames() {
-  std::string names;
-  for (const auto& record : record_fields::kRecords) {
-    if (record.code != 0) names.append(names.empty() ? "" : ",").append(record.name);
+Command ReadTopic(const Words& words, std::string& topic) {
+  if (words.empty()) return Command::Help;
+  if (FindCommand(words.front()) == nullptr) {
+    throw WrongUsage("there is no command " + words.front() + "; the commands are " +
+                     CommandNames());
   }
-  return names;
+  topic = words.front();
+  return Command::Help;
 }
 
-bool IsRecordName(std::string_view name) {
-  auto const& records = record_fields::kRecords;
-  return std::any_of(std::begin(records), std::end(records),
-                     [&](const auto& record) { return record.code != 0 && record.name == name; });
-}
-
-void AddRecords(std::vector<std::string>& names, std::string_view list) {
-  for (;;) {
-    std::size_t const comma = list.find(',');
-    std::string const name(list.substr(0, comma));
-    if (!IsRecordName(name)) {
-      throw WrongUsage("--records: no record has the name \"" + name + "\"; the names are " +
-                       RecordNames());
+// The parser takes the word behind --name= for its value.
+void RefuseEmptyValues(const Words& words) {
+  for (const std::string& word : words) {
+    if (word == "--") return;
+    if (word.starts_with("--") && word.find('=') == word.size() - 1) {
+      throw WrongUsage(word + " has no value behind it");
     }
-    names.push_back(name);
-    if (comma == std::string_view::npos) return;
-    list.remove_prefix(comma + 1);
   }
 }
 
-std::uint64_t ReadLimit(std::string_view text) {
-  std::uint64_t limit = 0;
-  const char* const end = text.data() + text.size();
-  auto const [stop, fault] = std::from_chars(text.data(), end, limit);
-  if (fault != std::errc() || stop != end || limit == 0) {
-    throw WrongUsage("--limit: \"" + std::string(text) +
-                     "\" is no number from 1 to 18446744073709551615");
+// The parser of one command. Every word is taken as it is written: without extra arguments a name
+// in brackets is no list, and as an App of its own, not one of a parent, a command takes "++" for a
+// file.
+class CommandParser {
+ public:
+  CommandParser(const CommandInfo& command, std::size_t wordCount) : command_(command) {
+    app_.set_help_flag("-h,--help");
+    app_.allow_windows_style_options(false);
+    // As many as there may be: fewer are taken for a list that goes on.
+    app_.add_option("FILE", files_)
+        ->expected(static_cast<int>(wordCount) + 1)
+        ->allow_extra_args(false)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    for (const OptionInfo* const option : command.options) {
+      std::string names(option->name);
+      if (!option->other.empty()) names.append(",").append(option->other);
+      if (option->value.empty()) {
+        options_.push_back(app_.add_flag(names)->disable_flag_override());
+      } else {
+        options_.push_back(app_.add_option(names, values_.emplace_back())
+                               ->expected(1)
+                               ->allow_extra_args(false)
+                               ->type_name(std::string(option->value))
+                               ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll));
+      }
+    }
   }
-  return limit;
-}
 
-Command ReadCommand(const std::string& word) {
-  if (word == "--help" || word == "-h") return Command::Help;
-  if (word == "--version") return Command::Version;
-  if (word == "info") return Command::Info;
-  if (word == "dump") return Command::Dump;
-  throw WrongUsage("the command is info or dump, not " + word);
+  // False where help is asked for.
+  bool Read(Words words, Arguments& arguments) {
+    try {
+      std::reverse(words.begin(), words.end());
+      app_.parse(std::move(words));
+    } catch (const CLI::CallForHelp&) {
+      return false;
+    } catch (const CLI::ExtrasError&) {
+      throw WrongUsage("there is no option " + app_.remaining().front() +
+                       "; a file of such a name is written behind --");
+    } catch (const CLI::ParseError& fault) {
+      throw WrongUsage(fault.what());
+    }
+    for (std::size_t i = 0; i < options_.size(); ++i) {
+      for (const std::string& value : options_[i]->results()) {
+        command_.options[i]->take(arguments, value);
+      }
+    }
+    arguments.sources.names = files_;
+    return true;
+  }
+
+ private:
+  const CommandInfo& command_;
+  CLI::App app_;
+  Words files_;
+  std::vector<CLI::Option*> options_;
+  std::deque<Words> values_;  // which stay where the parser knows them
+};
+
+void CheckNeeds(const Arguments& arguments) {
+  if (arguments.sources.names.empty()) throw WrongUsage("a FILE is required");
+  if (arguments.command == Command::Export && arguments.exported.place.empty()) {
+    throw WrongUsage("--to PLACE is required: where to write");
+  }
+  if (arguments.command == Command::Plot && arguments.plot.output.empty()) {
+    throw WrongUsage("-o PICTURE is required: where to draw");
+  }
 }
 
 }  // namespace
 
 Arguments ReadArguments(int argc, char** argv) {
-  if (argc < 2) throw WrongUsage("a command is required: info or dump");
+  if (argc < 2) throw WrongUsage("a command is required: " + CommandNames());
   Arguments arguments;
-  arguments.command = ReadCommand(argv[1]);
-  if (arguments.command == Command::Help || arguments.command == Command::Version) return arguments;
-
-  // The command stands where getopt_long expects the name of the program. "-": every argument in
-  // its order; ":": an option without its value is told apart, and nothing is printed.
-  int const count = argc - 1;
-  char** const words = argv + 1;
-  const option* const options = arguments.command == Command::Info ? infoOptions : dumpOptions;
-  for (;;) {
-    // The argument that is read now: one with several letters stays until the last of them.
-    int const at = optind;
-    int const found = getopt_long(count, words, "-:h", options, nullptr);
-    if (found == -1) break;
-    switch (found) {
-      case PlainArgument:
-        arguments.files.emplace_back(optarg);
-        break;
-      case Help:
-        arguments.command = Command::Help;
-        return arguments;
-      case Brief:
-        arguments.dump.brief = true;
-        break;
-      case Cut:
-        arguments.dump.cut = true;
-        break;
-      case Records:
-        AddRecords(arguments.dump.records, optarg);
-        break;
-      case Limit:
-        arguments.dump.limit = ReadLimit(optarg);
-        break;
-      case NoCensus:
-        arguments.dump.census = false;
-        break;
-      case ':':
-        throw WrongUsage(std::string(words[at]) + " needs a value");
-      default:
-        throw WrongUsage("there is no option " + std::string(words[at]) +
-                         "; a file of such a name is written behind --");
+  std::string_view const word = argv[1];
+  Words const rest(argv + 2, argv + argc);
+  if (word == "--version") {
+    arguments.command = Command::Version;
+  } else if (word == "--help" || word == "-h" || word == "help") {
+    arguments.command = ReadTopic(rest, arguments.topic);
+  } else if (const CommandInfo* const command = FindCommand(word)) {
+    arguments.command = command->command;
+    RefuseEmptyValues(rest);
+    if (CommandParser(*command, rest.size()).Read(rest, arguments)) {
+      CheckNeeds(arguments);
+    } else {
+      arguments.command = Command::Help;
+      arguments.topic = command->name;
     }
+  } else {
+    throw WrongUsage("the command is " + CommandNames() + ", not " + std::string(word));
   }
-  // Behind --.
-  arguments.files.insert(arguments.files.end(), words + optind, words + count);
-  if (arguments.files.empty()) throw WrongUsage("a FILE is required");
-  arguments.dump.nameFile = arguments.files.size() > 1;
+  arguments.exported.sources = arguments.sources;
   return arguments;
-}
-
-std::span<const std::string_view> HelpText() {
-  static constexpr std::string_view lines[] = {
-      "Shows the measurement files of sound level meters.",
-      "",
-      "qvslm info FILE...            what a file is and what it holds",
-      "qvslm dump [OPTION] FILE...   its records, one JSON object a line",
-      "qvslm --help | --version",
-      "",
-      "FILE may be - for standard input. Behind -- every argument is a FILE.",
-      "",
-      "Options of dump:",
-      "  --brief              one short line a record, for the eye",
-      "  --records NAME,NAME  only these kinds of records: Interval,Event",
-      "  --limit N            at most so many records of each file",
-      "  --no-census          do not count first: no daylight span for a night of clock change",
-      "  --cut                also the records that the file does not wholly hold, marked",
-  };
-  return lines;
 }
 
 }  // namespace host

@@ -1,22 +1,29 @@
 // What the user asks for on the command line.
 #pragma once
 
-#include <span>
 #include <stdexcept>
 #include <string>
-#include <string_view>
-#include <vector>
 
+#include "check.h"
 #include "dump.h"
+#include "export.h"
+#include "info.h"
+#include "plot.h"
+#include "sources.h"
 
 namespace host {
 
-enum class Command { Help, Version, Info, Dump };
+enum class Command { Help, Version, Info, Dump, Export, Check, Plot };
 
 struct Arguments {
   Command command = Command::Help;
-  std::vector<std::string> files;  // as they are written
+  std::string topic;  // command that help is asked for; empty for all
+  Sources sources;
+  InfoOptions info;
   DumpOptions dump;
+  CheckOptions check;
+  ExportOptions exported;  // with the same sources
+  PlotOptions plot;
 };
 
 // The command line cannot be understood; what() says why.
@@ -27,8 +34,5 @@ class WrongUsage : public std::runtime_error {
 
 // Throws WrongUsage.
 Arguments ReadArguments(int argc, char** argv);
-
-// What --help shows, line by line.
-std::span<const std::string_view> HelpText();
 
 }  // namespace host

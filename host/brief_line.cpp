@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdio>
 
-#include "record_json.h"
+#include "field_value.h"
 
 namespace host {
 namespace {

@@ -1,18 +1,13 @@
 #include "dump.h"
 
-#include <algorithm>
-
 #include "brief_line.h"
 #include "errors.h"
+#include "record_filter.h"
 #include "record_json.h"
 #include "walk.h"
 
 namespace host {
 namespace {
-
-bool IsWanted(std::string_view record, const std::vector<std::string>& names) {
-  return names.empty() || std::find(names.begin(), names.end(), record) != names.end();
-}
 
 std::string BriefText(const Translation& translation, const record_fields::RecordInfo& info,
                       const std::string& fileName) {
@@ -23,15 +18,12 @@ std::string BriefText(const Translation& translation, const record_fields::Recor
   return text;
 }
 
-std::string JsonText(const Translation& translation, const record_fields::RecordInfo& info,
-                     const std::string& fileName) {
-  Json json = RecordJson(info, translation.Record());
-  if (translation.State().Short != 0) json["short"] = true;
-  if (translation.State().Whole == 0) json["cut"] = true;
-  if (!fileName.empty()) json["file"] = fileName;
-  constexpr int oneLine = -1;
-  // A file name may be no UTF-8.
-  return json.dump(oneLine, ' ', false, Json::error_handler_t::replace);
+std::string JsonText(RecordJson& json, const Translation& translation,
+                     const record_fields::RecordInfo& info, const std::string& fileName) {
+  JsonMarks const marks = {.shortItem = translation.State().Short != 0,
+                           .cut = translation.State().Whole == 0,
+                           .file = fileName};
+  return json.Text(info, translation.Record(), marks);
 }
 
 }  // namespace
@@ -41,15 +33,16 @@ Outcome Dump(const std::string& fileName, const DumpOptions& options, Output& ou
     InputFile const file(fileName);
     Translation translation(file);
     Progress progress(fileName);
+    std::string const shownName = options.nameFile ? fileName : "";
+    RecordJson json(options.raw ? JsonValues::Raw : JsonValues::Told);
+    RecordFilter const filter(options.choice);
     std::uint64_t written = 0;
     auto const write = [&] {
       const record_fields::RecordInfo* const info = translation.Info();
-      if (info != nullptr && IsWanted(info->name, options.records)) {
-        if (output.IsTerminal()) progress.Wipe();
-        auto const text = options.brief ? BriefText : JsonText;
-        if (!output.Line(text(translation, *info, options.nameFile ? fileName : std::string()))) {
-          return false;
-        }
+      if (info != nullptr && filter.Wants(*info, translation.Record())) {
+        std::string const text = options.brief ? BriefText(translation, *info, shownName)
+                                               : JsonText(json, translation, *info, shownName);
+        if (!output.Line(text)) return false;
         ++written;
       }
       return !options.limit || written < *options.limit;

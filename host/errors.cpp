@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "plain_text.h"
+#include "progress.h"
 #include "qvslmtranslate.h"
 
 namespace host {
@@ -14,7 +15,9 @@ void FailWithErrno(const std::string& what) {
 }
 
 void Complain(const std::string& what) {
+  WipeProgress();
   std::fprintf(stderr, "qvslm: %s\n", PlainText(what).c_str());
+  std::fflush(stderr);
 }
 
 void Report(const std::string& file, const std::string& what, int code) {

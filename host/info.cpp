@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <string_view>
-#include <vector>
 
 #include "errors.h"
 #include "latin1.h"
+#include "platform.h"
 #include "record_table.h"
 #include "stamp_text.h"
 #include "walk.h"
@@ -31,21 +30,10 @@ std::string FirstOf(const std::string& a, const std::string& b) {
   return a.empty() ? b : a;
 }
 
-class Listing {
- public:
-  explicit Listing(Output& output) : output_(output) {}
-  // Writes nothing for an empty value: what a file does not tell is left out.
-  void Entry(std::string_view label, const std::string& value) {
-    constexpr std::size_t width = 12;
-    if (value.empty()) return;
-    std::string line = "  " + std::string(label);
-    line.resize(std::max(line.size(), 2 + width) + 1, ' ');
-    output_.Line(line + value);
-  }
-
- private:
-  Output& output_;
-};
+// Leaves out an empty text: what a file does not tell is no fact.
+void Add(Facts& facts, const char* name, const std::string& text) {
+  if (!text.empty()) facts[name] = text;
+}
 
 std::string Form(int headerStatus, const QvFileHeaderInfo& header) {
   bool const titles = header.TitleLine1[0] != '\0';
@@ -64,48 +52,48 @@ std::int32_t HeaderTime(const QvFileHeaderInfo& header) {
       TX_DateToSecs(line.substr(dateColumn, 9).c_str(), line.substr(timeColumn, 8).c_str(), 0));
 }
 
-void ListIdentity(Listing& listing, const Translation& translation, int headerStatus,
-                  const Findings& found) {
+void AddTitles(Facts& facts, const QvFileHeaderInfo& header, const Findings& found) {
+  Facts titles = Facts::array();
+  for (const std::string& title : {FirstOf(Text(found.end.Title1), Text(header.TitleLine1)),
+                                   FirstOf(Text(found.end.Title2), Text(header.TitleLine2)),
+                                   FirstOf(Text(found.end.Title3), Text(header.TitleLine3))}) {
+    if (!title.empty()) titles.push_back(title);
+  }
+  if (!titles.empty()) facts["titles"] = titles;
+}
+
+void AddIdentity(Facts& facts, const Translation& translation, int headerStatus,
+                 const Findings& found) {
   const QvFileHeaderInfo& header = translation.Header();
   const char* const serial = translation.Serial();
   std::string const serialText = Trimmed(TextFromLatin1(serial, std::strlen(serial)));
 
-  listing.Entry("model", std::to_string(translation.Model()));
-  listing.Entry("serial", FirstOf(serialText, Text(found.end.SerialText)));
-  listing.Entry("firmware", Text(header.HeaderLine3));
-  listing.Entry("mode", Text(header.HeaderLine6));
-  listing.Entry("form", Form(headerStatus, header));
-  listing.Entry("title", FirstOf(Text(found.end.Title1), Text(header.TitleLine1)));
-  listing.Entry("title", FirstOf(Text(found.end.Title2), Text(header.TitleLine2)));
-  listing.Entry("title", FirstOf(Text(found.end.Title3), Text(header.TitleLine3)));
-
-  if (translation.SiteCount() > 0) listing.Entry("sites", std::to_string(translation.SiteCount()));
+  facts["model"] = translation.Model();
+  Add(facts, "serial", FirstOf(serialText, Text(found.end.SerialText)));
+  Add(facts, "firmware", Text(header.HeaderLine3));
+  Add(facts, "mode", Text(header.HeaderLine6));
+  Add(facts, "form", Form(headerStatus, header));
+  AddTitles(facts, header, found);
+  if (translation.SiteCount() > 0) facts["sites"] = translation.SiteCount();
 }
 
-void ListTimes(Listing& listing, const QvFileHeaderInfo& header, const Findings& found) {
+void AddTimes(Facts& facts, const QvFileHeaderInfo& header, const Findings& found) {
   std::int32_t const headerTime = HeaderTime(header);
   std::int32_t const fallback = headerTime > 0 ? headerTime : found.firstBlockTime;
-  listing.Entry("header time", LocalTimeText(headerTime));
-  listing.Entry("start", LocalTimeText(found.firstRunStart > 0 ? found.firstRunStart : fallback));
-  listing.Entry("last stop", LocalTimeText(found.end.EndRecordStopTime));
-  listing.Entry("last record", LocalTimeText(found.end.LatestRecordTime));
+  Add(facts, "start", LocalTimeText(found.firstRunStart > 0 ? found.firstRunStart : fallback));
+  Add(facts, "lastStop", LocalTimeText(found.end.EndRecordStopTime));
+  Add(facts, "lastRecord", LocalTimeText(found.end.LatestRecordTime));
 }
 
-void ListCensus(Output& output, const QvRecordCensus& census) {
-  constexpr std::size_t countWidth = 12;
-  constexpr std::size_t nameWidth = 18;
+void AddCensus(Facts& facts, const QvRecordCensus& census) {
   auto const* const bytes = reinterpret_cast<const std::uint8_t*>(&census);
-  output.Line("  holds");
+  Facts holds = Facts::object();
   for (const record_fields::FieldInfo& field : record_fields::kRecordCensusFields) {
     std::uint32_t count;
     std::memcpy(&count, bytes + field.offset, sizeof count);
-    if (count == 0) continue;
-    std::string line = std::to_string(count);
-    line.insert(0, countWidth - line.size(), ' ');
-    std::string name(field.name);
-    name.resize(std::max(name.size(), nameWidth), ' ');
-    output.Line(line.append("  ").append(name).append("  ").append(field.comment));
+    if (count != 0) holds[std::string(field.name)] = count;
   }
+  facts["holds"] = holds;
 }
 
 void Note(const Translation& translation, Findings& found) {
@@ -131,36 +119,61 @@ void Note(const Translation& translation, Findings& found) {
   }
 }
 
+bool IsReadable(int headerStatus) {
+  return headerStatus == QV_OK || headerStatus == QV_NO_TEXT_HEADER;
+}
+
+Facts FirstFacts(const InputFile& file, const Translation& translation, int headerStatus,
+                 const Findings& found) {
+  Facts facts = {{"file", file.Name()}, {"size", file.Size()}};
+  AddIdentity(facts, translation, headerStatus, found);
+  Add(facts, "zone", ZoneInForce());
+  Add(facts, "headerTime", LocalTimeText(HeaderTime(translation.Header())));
+  return facts;
+}
+
+FileReport QuickInfo(const InputFile& file, Translation& translation) {
+  int const header = translation.ReadHeader();
+  if (IsReadable(header)) return {Outcome::Whole, FirstFacts(file, translation, header, {})};
+  Report(file.Name(), StatusWords(header), header);
+  return {Outcome::NothingReadable, {}};
+}
+
+FileReport FullInfo(const InputFile& file, Translation& translation) {
+  Progress progress(file.Name());
+  Findings found;
+  auto const note = [&] {
+    Note(translation, found);
+    return true;
+  };
+  WalkResult const walk = Walk(translation, file, {}, progress, note);
+  if (!IsReadable(walk.header)) return {Outcome::NothingReadable, {}};
+  // Also a file without a record has told what stands in its header.
+  Outcome const outcome = walk.outcome == Outcome::Whole ? Outcome::Whole : Outcome::EndedEarly;
+  FileReport report = {outcome, FirstFacts(file, translation, walk.header, found)};
+  AddTimes(report.facts, translation.Header(), found);
+  AddCensus(report.facts, translation.Census());
+  int const census = translation.State().CensusStatus;
+  if (report.outcome == Outcome::Whole && census != QV_OK) {
+    Report(file.Name(), "the count ended early, and holds for the part before that", census);
+    report.outcome = Outcome::EndedEarly;
+  }
+  report.facts["whole"] = report.outcome == Outcome::Whole;
+  return report;
+}
+
 }  // namespace
 
-Outcome Info(const std::string& fileName, Output& output) {
+FileReport FindInfo(const std::string& fileName, const InfoOptions& options) {
   try {
     InputFile const file(fileName);
     Translation translation(file);
     translation.LookUpSerial();
     translation.LookUpSites();
-    Progress progress(fileName);
-    Findings found;
-    auto const note = [&] {
-      Note(translation, found);
-      return true;
-    };
-    WalkResult const walk = Walk(translation, file, {}, progress, note);
-    if (walk.header != QV_OK && walk.header != QV_NO_TEXT_HEADER) return Outcome::NothingReadable;
-
-    output.Line(fileName);
-    Listing listing(output);
-    ListIdentity(listing, translation, walk.header, found);
-    ListTimes(listing, translation.Header(), found);
-    ListCensus(output, translation.Census());
-    if (walk.outcome != Outcome::Whole) return Outcome::EndedEarly;
-    int const census = translation.State().CensusStatus;
-    if (census == QV_OK) return Outcome::Whole;
-    Report(fileName, "the count ended early, and holds for the part before that", census);
-    return Outcome::EndedEarly;
+    return options.quick ? QuickInfo(file, translation) : FullInfo(file, translation);
   } catch (const FileError& fault) {
     Report(fileName, fault.what(), fault.Code());
-    return Outcome::NothingReadable;
+    return {Outcome::NothingReadable, {}};
   }
 }
 

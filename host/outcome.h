@@ -10,6 +10,13 @@ enum class Outcome {
   EndedEarly = 3,  // records were delivered, but not all that the file should hold
 };
 
+// The same of one file, in a word.
+constexpr const char* ResultWord(Outcome outcome) {
+  return outcome == Outcome::Whole        ? "whole"
+         : outcome == Outcome::EndedEarly ? "damaged"
+                                          : "unreadable";
+}
+
 // What the program ends with after two files: an unreadable file weighs more than a cut one.
 constexpr Outcome Worse(Outcome a, Outcome b) {
   if (a == Outcome::NothingReadable || b == Outcome::NothingReadable) {

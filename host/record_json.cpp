@@ -1,11 +1,12 @@
 #include "record_json.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <cstring>
 
-#include "latin1.h"
 #include "qvslm_records.h"
-#include "stamp_text.h"
+#include "record_bytes.h"
+#include "record_table.h"
 
 namespace host {
 namespace {
@@ -13,95 +14,166 @@ namespace {
 using record_fields::FieldInfo;
 using record_fields::FieldKind;
 using record_fields::FieldType;
+using record_fields::RecordInfo;
 
-template <class T>
-T ReadAs(const std::uint8_t* bytes) {
-  T value;
-  std::memcpy(&value, bytes, sizeof value);
-  return value;
+constexpr std::string_view kNull = "null";
+constexpr std::string_view kShort = ",\"short\":true";
+constexpr std::string_view kCut = ",\"cut\":true";
+constexpr std::string_view kFile = ",\"file\":\"";
+// A character of the instrument, at its longest: \u001b.
+constexpr std::size_t kEscaped = 6;
+
+char* PutText(char* at, std::string_view text) {
+  return std::copy(text.begin(), text.end(), at);
 }
 
-Json FloatValue(float value, FieldKind kind) {
-  if (!std::isfinite(value)) return nullptr;
-  if (kind == FieldKind::Level && value == QV_NO_LEVEL) return nullptr;
-  return value;
-}
-
-Json NumberValue(const FieldInfo& field, const std::uint8_t* bytes) {
-  switch (field.type) {
-    case FieldType::U8:
-      return *bytes;
-    case FieldType::U16:
-      return ReadAs<std::uint16_t>(bytes);
-    case FieldType::U32:
-      return ReadAs<std::uint32_t>(bytes);
-    case FieldType::I32:
-      return ReadAs<std::int32_t>(bytes);
-    case FieldType::F32:
-      return FloatValue(ReadAs<float>(bytes), field.kind);
-    case FieldType::Char:
-      break;
+// A character of Latin-1 within a JSON text. Control characters are escaped, those above 127 too:
+// a terminal may obey them.
+char* PutCharacter(char* at, std::uint8_t code) {
+  if (code >= 0xA0) {
+    *at++ = static_cast<char>(0xC0 | (code >> 6));
+    *at++ = static_cast<char>(0x80 | (code & 0x3F));
+    return at;
   }
-  return nullptr;
+  if (code >= 0x20 && code < 0x7F) {
+    if (code == '"' || code == '\\') *at++ = '\\';
+    *at++ = static_cast<char>(code);
+    return at;
+  }
+  constexpr std::string_view controls = "\b\t\n\f\r";
+  constexpr std::string_view letters = "btnfr";
+  if (std::size_t const known = controls.find(static_cast<char>(code));
+      known != std::string_view::npos) {
+    *at++ = '\\';
+    *at++ = letters[known];
+    return at;
+  }
+  constexpr std::string_view digits = "0123456789abcdef";
+  at = PutText(at, "\\u00");
+  *at++ = digits[code >> 4];
+  *at++ = digits[code & 0x0F];
+  return at;
 }
 
-Json LocalTime(const FieldInfo&, const std::uint8_t* bytes) {
-  std::string const text = LocalTimeText(ReadAs<std::int32_t>(bytes));
-  return text.empty() ? Json(nullptr) : Json(text);
+char* PutLatin1(char* at, const std::uint8_t* text, std::size_t size) {
+  *at++ = '"';
+  for (std::size_t i = 0; i < size && text[i] != 0; ++i) at = PutCharacter(at, text[i]);
+  *at++ = '"';
+  return at;
 }
 
-// One value, or an array of field.count of them; a text is one value.
-template <class Convert>
-Json Row(const FieldInfo& field, const std::uint8_t* bytes, Convert convert) {
-  if (field.type == FieldType::Char) {
-    return TextFromLatin1(reinterpret_cast<const char*>(bytes), field.count);
-  }
-  if (field.count == 0) return convert(field, bytes);
-  Json values = Json::array();
-  for (std::size_t i = 0; i < field.count; ++i) {
-    values.push_back(convert(field, bytes + i * ElementSize(field.type)));
-  }
-  return values;
-}
-
-template <class Convert>
-Json Value(const FieldInfo& field, const std::uint8_t* record, Convert convert) {
-  const std::uint8_t* const bytes = record + field.offset;
-  if (field.rows == 0) return Row(field, bytes, convert);
-  Json rows = Json::array();
-  for (std::size_t i = 0; i < field.rows; ++i) {
-    rows.push_back(Row(field, bytes + i * field.count * ElementSize(field.type), convert));
-  }
-  return rows;
+std::size_t MostOf(FieldType type, bool clock) {
+  return 1 + (type == FieldType::Char ? kEscaped : clock ? ClockText::kMost : NumberText::kMost);
 }
 
 }  // namespace
 
-Json FieldValue(const FieldInfo& field, const std::uint8_t* record) {
-  return Value(field, record, NumberValue);
-}
+RecordJson::RecordJson(JsonValues values)
+    : values_(values),
+      numbers_('.', WholeNumbers::WithFraction),
+      bytes_(','),
+      plans_(std::size(record_fields::kRecords)) {}
 
-Json FieldClock(const FieldInfo& field, const std::uint8_t* record) {
-  return Value(field, record, LocalTime);
-}
-
-Json RecordJson(const record_fields::RecordInfo& info, const std::uint8_t* record) {
-  Json json = Json::object();
-  // Every member stands once: append without looking whether it is there.
-  auto const add = [&json](std::string_view name, Json value) {
-    json.get_ref<Json::object_t&>().emplace_back(std::string(name), std::move(value));
+const RecordJson::Plan& RecordJson::PlanOf(const RecordInfo& info) {
+  Plan& plan = plans_[static_cast<std::size_t>(&info - record_fields::kRecords)];
+  if (!plan.steps.empty()) return plan;
+  auto const add = [&](const FieldInfo& field, const std::string& name, bool clock) {
+    bool const level = field.kind == FieldKind::Level && values_ == JsonValues::Told;
+    std::string const before = ",\"" + name + "\":";
+    plan.steps.push_back({before, field.type, clock, level, field.offset, field.rows, field.count});
+    std::size_t const values = FieldSize(field) / ElementSize(field.type);
+    // Quotes or brackets, those of each row too.
+    plan.most += before.size() + values * MostOf(field.type, clock) + 2 * (field.rows + 1);
   };
-  add("record", std::string(info.name));
-  add("code", info.code);
   for (const FieldInfo& field : info.fields) {
     bool const isCode = field.offset == 0;
     if (isCode || field.reserved) continue;
-    add(field.name, FieldValue(field, record));
-    if (field.kind == FieldKind::Time) {
-      add(std::string(field.name) + "Local", FieldClock(field, record));
+    std::string const name(field.name);
+    add(field, name, false);
+    bool const clock = field.kind == FieldKind::Time && values_ == JsonValues::Told;
+    if (clock) add(field, name + "Local", true);
+  }
+  std::string const head =
+      "{\"record\":\"" + std::string(info.name) + "\",\"code\":" + std::to_string(info.code);
+  plan.steps.front().before.insert(0, head);
+  plan.most += head.size() + kShort.size() + kCut.size() + kFile.size() + 2;
+  return plan;
+}
+
+std::size_t RecordJson::Most(const RecordInfo& info, const JsonMarks& marks) {
+  return PlanOf(info).most + 2 * marks.file.size();
+}
+
+char* RecordJson::Put(char* at, const RecordInfo& info, const std::uint8_t* record,
+                      const JsonMarks& marks) {
+  for (const Step& step : PlanOf(info).steps) {
+    at = PutText(at, step.before);
+    at = PutValue(at, step, record + step.offset);
+  }
+  if (marks.shortItem) at = PutText(at, kShort);
+  if (marks.cut) at = PutText(at, kCut);
+  if (!marks.file.empty()) {
+    at = PutText(at, kFile);
+    for (char const c : marks.file) {
+      if (c == '"' || c == '\\') *at++ = '\\';
+      *at++ = c;
+    }
+    *at++ = '"';
+  }
+  *at++ = '}';
+  return at;
+}
+
+std::string RecordJson::Text(const RecordInfo& info, const std::uint8_t* record,
+                             const JsonMarks& marks) {
+  std::string text(Most(info, marks), '\0');
+  char* const end = Put(text.data(), info, record, marks);
+  text.resize(static_cast<std::size_t>(end - text.data()));
+  return text;
+}
+
+char* RecordJson::PutValue(char* at, const Step& step, const std::uint8_t* bytes) {
+  if (step.rows == 0) return PutRow(at, step, bytes);
+  *at++ = '[';
+  for (std::size_t row = 0; row < step.rows; ++row) {
+    at = PutRow(at, step, bytes + row * step.count * ElementSize(step.type));
+    *at++ = ',';
+  }
+  at[-1] = ']';
+  return at;
+}
+
+// One value, or an array of step.count of them; a text is one value.
+char* RecordJson::PutRow(char* at, const Step& step, const std::uint8_t* bytes) {
+  if (step.type == FieldType::Char) return PutLatin1(at, bytes, step.count);
+  if (step.count == 0) return PutOne(at, step, bytes);
+  *at++ = '[';
+  if (step.type == FieldType::U8) {
+    for (std::size_t i = 0; i < step.count; ++i) at = bytes_.Put(at, bytes[i]);
+  } else {
+    for (std::size_t i = 0; i < step.count; ++i) {
+      at = PutOne(at, step, bytes + i * ElementSize(step.type));
+      *at++ = ',';
     }
   }
-  return json;
+  at[-1] = ']';
+  return at;
+}
+
+char* RecordJson::PutOne(char* at, const Step& step, const std::uint8_t* bytes) {
+  if (step.clock) {
+    *at = '"';
+    char* const end = clock_.Put(at + 1, ReadAs<std::int32_t>(bytes));
+    if (end == at + 1) return PutText(at, kNull);
+    *end = '"';
+    return end + 1;
+  }
+  if (step.type == FieldType::F32) {
+    auto const value = ReadAs<float>(bytes);
+    if (!std::isfinite(value) || (step.level && value == QV_NO_LEVEL)) return PutText(at, kNull);
+    return numbers_.Put(at, value);
+  }
+  return PutWhole(at, step.type, bytes);
 }
 
 }  // namespace host

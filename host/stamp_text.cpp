@@ -3,21 +3,20 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
+
+#include "platform.h"
 
 namespace host {
 
 std::string LocalTimeText(std::int32_t seconds) {
   if (seconds <= 0) return "";
-  std::time_t const time = seconds;
-  std::tm clock{};
-  if (localtime_r(&time, &clock) == nullptr) return "";
-  long const minutes = clock.tm_gmtoff / 60;
+  std::tm const clock = LocalTime(seconds);
+  int const minutes = UtcOffset(seconds) / 60;
   std::array<char, 64> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT%02d:%02d:%02d%c%02ld:%02ld",
+  std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT%02d:%02d:%02d%c%02d:%02d",
                 clock.tm_year + 1900, clock.tm_mon + 1, clock.tm_mday, clock.tm_hour, clock.tm_min,
-                clock.tm_sec, minutes < 0 ? '-' : '+', std::labs(minutes) / 60,
-                std::labs(minutes) % 60);
+                clock.tm_sec, minutes < 0 ? '-' : '+', std::abs(minutes) / 60,
+                std::abs(minutes) % 60);
   return text.data();
 }
 

@@ -4,21 +4,19 @@
 
 #include <string>
 
+#include "temporary.h"
+
 namespace host {
 
 class TemporaryCopy {
  public:
-  TemporaryCopy() = default;
-  ~TemporaryCopy();
-  TemporaryCopy(const TemporaryCopy&) = delete;
-  TemporaryCopy& operator=(const TemporaryCopy&) = delete;
-
   // Takes all that the source holds and gives the path of the copy. Throws FileError when the copy
   // cannot be made, or the source does not end within 2 GiB.
   std::string Take(int source);
 
  private:
-  std::string folder_;  // of its own; empty without a copy
+  Temporary folder_;  // of its own; removed behind the file
+  Temporary file_;
 };
 
 }  // namespace host

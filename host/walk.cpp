@@ -3,13 +3,10 @@
 #include <string>
 
 #include "errors.h"
+#include "plain_words.h"
 
 namespace host {
 namespace {
-
-std::string Counted(std::uint64_t count, const std::string& one, const std::string& many) {
-  return std::to_string(count) + ' ' + (count == 1 ? one : many);
-}
 
 // Where a walk that was not whole ended, and why.
 void ReportEnd(const InputFile& file, const QvWalk& walk, std::uint64_t records) {
@@ -41,6 +38,13 @@ void ReportShort(const InputFile& file, std::uint64_t items) {
 
 }  // namespace
 
+std::string StatusWords(int status) {
+  QvWalk walk{};
+  walk.End = QV_WALK_NOT_STARTED;
+  walk.Status = status;
+  return QvWalkWhy(&walk);
+}
+
 WalkResult Walk(Translation& translation, const InputFile& file, const WalkOptions& options,
                 Progress& progress, const std::function<bool()>& visit) {
   WalkResult result;
@@ -61,7 +65,7 @@ WalkResult Walk(Translation& translation, const InputFile& file, const WalkOptio
     ++result.records;
     result.stopped = !visit();
   }
-  progress.Wipe();
+  WipeProgress();
   if (!result.stopped && !QvWalkWasWhole(&walk)) {
     ReportEnd(file, walk, result.records);
     result.outcome = walk.Records == 0 ? Outcome::NothingReadable : Outcome::EndedEarly;

@@ -4,12 +4,16 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 
 #include "library_file.h"
 #include "outcome.h"
 #include "progress.h"
 
 namespace host {
+
+// Why a file cannot be begun, for a status that tells it.
+std::string StatusWords(int status);
 
 struct WalkOptions {
   bool census = true;  // count first: the daylight span

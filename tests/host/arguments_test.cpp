@@ -83,37 +83,70 @@ TEST(Arguments, ALimitIsANumberOf64Bits) {
     EXPECT_EQ(result.out, "") << limit;
     EXPECT_EQ(result.err, "qvslm: --limit: \"" + std::string(limit) +
                               "\" is no number from 1 to 18446744073709551615\n"
-                              "qvslm --help tells how it is used.\n");
+                              "qvslm help dump tells how it is used.\n");
   }
 }
 
 TEST(Arguments, WhatIsWrongIsTold) {
   TempFile const file(TwoMarks());
+  constexpr const char* commands = "info, dump, export, check or plot";
   struct Row {
     std::vector<std::string> arguments;
-    const char* what;
+    std::string what;
+    const char* help;
   };
   const Row rows[] = {
-      {{}, "a command is required: info or dump"},
-      {{""}, "the command is info or dump, not "},
-      {{"--", "info", file.Path()}, "the command is info or dump, not --"},
-      {{"info"}, "a FILE is required"},
-      {{"info", "--"}, "a FILE is required"},
+      {{}, std::string("a command is required: ") + commands, "--help"},
+      {{""}, std::string("the command is ") + commands + ", not ", "--help"},
+      {{"--", "info", file.Path()},
+       std::string("the command is ") + commands + ", not --",
+       "--help"},
+      {{"help", "me"},
+       std::string("there is no command me; the commands are ") + commands,
+       "--help"},
+      {{"info"}, "a FILE is required", "help info"},
+      {{"info", "--"}, "a FILE is required", "help info"},
       {{"info", "--limit", "1", file.Path()},
-       "there is no option --limit; a file of such a name is written behind --"},
-      {{"dump", "-x.qvd"}, "there is no option -x.qvd; a file of such a name is written behind --"},
+       "there is no option --limit; a file of such a name is written behind --",
+       "help info"},
+      {{"dump", "-x.qvd"},
+       "there is no option -x.qvd; a file of such a name is written behind --",
+       "help dump"},
       {{"dump", file.Path(), "-xh"},
-       "there is no option -xh; a file of such a name is written behind --"},
+       "there is no option -xh; a file of such a name is written behind --",
+       "help dump"},
+      {{"dump", "--lim", "1", file.Path()},
+       "there is no option --lim; a file of such a name is written behind --",
+       "help dump"},
       {{"dump", "--no-census=no", file.Path()},
-       "there is no option --no-census=no; a file of such a name is written behind --"},
-      {{"dump", file.Path(), "--limit"}, "--limit needs a value"},
+       "no-census was given a disallowed flag override",
+       "help dump"},
+      {{"dump", file.Path(), "--limit"}, "--limit: 1 required N missing", "help dump"},
+      {{"dump", "--limit=", file.Path()}, "--limit= has no value behind it", "help dump"},
+      {{"dump", "--tz", "Europe/Atlantis", file.Path()},
+       "--tz: there is no zone \"Europe/Atlantis\"; zones are named like Europe/Berlin",
+       "help dump"},
+      {{"dump", "--tz", "../../etc/passwd", file.Path()},
+       "--tz: there is no zone \"../../etc/passwd\"; zones are named like Europe/Berlin",
+       "help dump"},
+      {{"export", file.Path()}, "--to PLACE is required: where to write", "help export"},
+      {{"export", file.Path(), "--to", "x", "--format", "doc"},
+       "--format: \"doc\" is no format: csv, jsonl, sqlite, xlsx or mat",
+       "help export"},
+      {{"check", "--jobs", "0", file.Path()},
+       "--jobs: \"0\" is no number from 1 to 256",
+       "help check"},
+      {{"plot", file.Path()}, "-o PICTURE is required: where to draw", "help plot"},
+      {{"plot", file.Path(), "-o", "x.gif"},
+       "-o: \"x.gif\" ends neither in .svg nor in .png",
+       "help plot"},
   };
   for (const Row& row : rows) {
     Result const result = RunQvslm(row.arguments);
-    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.exitCode, 2) << row.what;
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(result.err,
-              "qvslm: " + std::string(row.what) + "\nqvslm --help tells how it is used.\n");
+              "qvslm: " + row.what + "\nqvslm " + row.help + " tells how it is used.\n");
   }
   for (const char* const names : {"", "End,", ",End", "[End]", "end", "RecordCensus"}) {
     Result const result = RunQvslm({"dump", "--records", names, file.Path()});
@@ -122,17 +155,43 @@ TEST(Arguments, WhatIsWrongIsTold) {
   }
 }
 
+TEST(Arguments, ATimeIsADayOrADayWithItsClock) {
+  TempFile const file(TwoMarks());
+  for (const char* const time : {"2024-02-29", "2024-06-21T08:30", "2024-06-21 08:30",
+                                 "2024-06-21T08:30:15", "2024-06-21 23:59:59"}) {
+    EXPECT_EQ(RunQvslm({"dump", "--since", time, file.Path()}).exitCode, 0) << time;
+  }
+  for (const char* const time :
+       {"", "2024", "2024-06", "2024-02-30", "2023-02-29", "2024-13-01", "2024-06-21T24:00",
+        "2024-06-21T08:60", "2024-06-21T08:30:15Z", "21.06.2024", "2024-06-21T", " 2024-06-21",
+        "2024-6-1", "2024-06-21  08:30"}) {
+    Result const result = RunQvslm({"dump", "--since", time, file.Path()});
+    EXPECT_EQ(result.exitCode, 2) << time;
+    EXPECT_THAT(result.err, HasSubstr("is no date and time such as 2024-06-21"));
+  }
+}
+
 TEST(Arguments, HelpIsGivenWhereItIsAskedFor) {
   std::string const help = RunQvslm({"--help"}).out;
-  EXPECT_THAT(
-      help, testing::AllOf(HasSubstr("qvslm info FILE..."), HasSubstr("--brief"),
-                           HasSubstr("--records"), HasSubstr("--limit"), HasSubstr("--no-census")));
-  for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
-           {"-h"}, {"info", "--help"}, {"dump", "-h"}, {"dump", "no/such/file", "--help"}}) {
-    Result const result = RunQvslm(arguments);
+  for (const char* const command : {"info", "dump", "export", "check", "plot"}) {
+    EXPECT_THAT(help, HasSubstr("qvslm " + std::string(command) + " [OPTION] FILE..."));
+    Result const result = RunQvslm({"help", command});
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.out, help);
     EXPECT_EQ(result.err, "");
+    EXPECT_THAT(result.out, testing::StartsWith("qvslm " + std::string(command) + " "));
+    // Two examples, each of this command.
+    EXPECT_THAT(
+        test::Lines(result.out),
+        testing::Contains(testing::StartsWith("  qvslm " + std::string(command) + " ")).Times(2));
+    EXPECT_EQ(RunQvslm({command, "--help"}).out, result.out);
+    EXPECT_EQ(RunQvslm({command, "no/such/file", "-h"}).out, result.out);
+  }
+  EXPECT_EQ(RunQvslm({"-h"}).out, help);
+  EXPECT_EQ(RunQvslm({"help"}).out, help);
+  EXPECT_THAT(RunQvslm({"help", "dump"}).out, HasSubstr("\n  --until, --to TIME "));
+  EXPECT_THAT(RunQvslm({"help", "plot"}).out, HasSubstr("\n  -o, --output PICTURE "));
+  for (const std::string& line : test::Lines(RunQvslm({"help", "dump"}).out)) {
+    EXPECT_TRUE(line.size() <= 80 || line.starts_with("  qvslm")) << line;
   }
 }
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "host/qvslm_process.h"
+#include "support/temp_folder.h"
 #include "support/translation.h"
 
 namespace {
@@ -80,11 +81,15 @@ TEST(ExitCode, OneForAFileThatIsNotThere) {
   }
 }
 
-TEST(ExitCode, OneForAFolder) {
-  std::string const folder = std::filesystem::temp_directory_path().string();
-  Result const result = RunQvslm({"dump", folder});
-  EXPECT_EQ(result.exitCode, 1);
-  EXPECT_EQ(result.err, "qvslm: " + folder + ": the file cannot be read: Is a directory (-302)\n");
+TEST(ExitCode, OneForAFolderWithoutFiles) {
+  test::TempFolder const folder;
+  for (const char* const command : {"info", "dump", "check"}) {
+    Result const result = RunQvslm({command, folder.Path()});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err,
+              "qvslm: " + folder.Path() + ": the folder has no files that end in .qvd\n");
+  }
 }
 
 TEST(ExitCode, OneForWhatIsNoMeasurementFile) {
@@ -160,7 +165,7 @@ TEST(ExitCode, TwoForWrongUsage) {
     EXPECT_EQ(result.exitCode, 2) << testing::PrintToString(arguments);
     EXPECT_EQ(result.out, "");
     EXPECT_THAT(result.err, StartsWith("qvslm: "));
-    EXPECT_THAT(result.err, testing::EndsWith("\nqvslm --help tells how it is used.\n"));
+    EXPECT_THAT(result.err, testing::EndsWith(" tells how it is used.\n"));
   }
   EXPECT_THAT(RunQvslm({"dump", file.Path(), "--records", "Nonsense"}).err,
               testing::AllOf(HasSubstr("Nonsense"), HasSubstr("IntervalBandSeries")));

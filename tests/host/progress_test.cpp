@@ -1,9 +1,9 @@
 // Progress stands on a terminal, and nowhere else.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <pty.h>
 
 #include "host/qvslm_process.h"
+#include "host/terminal.h"
 #include "support/temp_folder.h"
 #include "support/translation.h"
 
@@ -11,6 +11,7 @@ namespace {
 
 using samples::Body;
 using samples::DataFile;
+using test::OnTerminal;
 using test::TempFile;
 using testing::HasSubstr;
 using testing::Not;
@@ -21,28 +22,6 @@ DataFile Marks(int count) {
     file.Item(5, Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0));
   }
   return file.EndOfData();
-}
-
-// What a command of the shell writes to a terminal of its own.
-std::string OnTerminal(const std::string& command) {
-  int terminal = -1;
-  pid_t const child = forkpty(&terminal, nullptr, nullptr, nullptr);
-  if (child == 0) {
-    alarm(60);
-    execl("/bin/sh", "sh", "-c", command.c_str(), static_cast<char*>(nullptr));
-    _exit(127);
-  }
-  std::string text;
-  char block[4096];
-  ssize_t count;
-  while ((count = read(terminal, block, sizeof block)) > 0) {
-    text.append(block, static_cast<std::size_t>(count));
-  }
-  close(terminal);
-  int status = 0;
-  waitpid(child, &status, 0);
-  EXPECT_EQ(WEXITSTATUS(status), 0);
-  return text;
 }
 
 TEST(Progress, StandsOnATerminal) {
@@ -98,6 +77,39 @@ TEST(Progress, IsSilentInAPipe) {
   EXPECT_EQ(
       OnTerminal(std::string(QVSLM_PROGRAM) + " dump " + file.Path() + " 2>&1 >/dev/null | cat"),
       "");
+}
+
+TEST(Progress, CountsTheFilesOfAFolder) {
+  test::TempFolder const folder;
+  for (const char* const name : {"a.qvd", "b.qvd", "c.qvd"}) folder.File(name, Marks(300).Bytes());
+  for (const char* const jobs : {"1", "2"}) {
+    std::string const text = OnTerminal(std::string(QVSLM_PROGRAM) + " check --jobs " + jobs + " " +
+                                        folder.Path() + " > /dev/null");
+    EXPECT_THAT(text, HasSubstr("\r\033[K1 of 3 files"));
+    EXPECT_THAT(text, HasSubstr("\r\033[K3 of 3 files"));
+    EXPECT_THAT(text, testing::EndsWith("\r\033[K"));
+    EXPECT_THAT(text, Not(HasSubstr("\n")));
+  }
+}
+
+TEST(Progress, TellsRateAndTimeLeftOfLongWork) {
+  // A pipe gives its bytes within two seconds, of which the copy takes no notice; what is shown are
+  // the files behind it.
+  test::TempFolder const folder;
+  folder.File("a.qvd", Marks(300).Bytes());
+  folder.File("b.qvd", Marks(300).Bytes());
+  std::string const command = "cd " + folder.Path() + "; (sleep 1.2; cat a.qvd) | " +
+                              QVSLM_PROGRAM + " check - a.qvd b.qvd > /dev/null";
+  std::string const text = OnTerminal(command);
+  EXPECT_THAT(text, testing::ContainsRegex("2 of 3 files, [0-9.]+ kB/s, 0:0[0-9] left"));
+}
+
+TEST(Colour, StandsOnATerminalAlone) {
+  TempFile const file(test::Startable(Marks(3)));
+  std::string const check = std::string(QVSLM_PROGRAM) + " check " + file.Path();
+  EXPECT_THAT(OnTerminal(check), HasSubstr(file.Path() + ": \033[32mwhole\033[0m, 4 records"));
+  EXPECT_THAT(OnTerminal("NO_COLOR=1 " + check), HasSubstr(file.Path() + ": whole, 4 records"));
+  EXPECT_THAT(OnTerminal(check + " | cat"), HasSubstr(file.Path() + ": whole, 4 records"));
 }
 
 }  // namespace

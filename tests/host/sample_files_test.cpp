@@ -21,14 +21,12 @@ std::vector<std::string> SampleFiles() {
   return files;
 }
 
-// The sum of the counts under "holds", without the blocks of block images: those of a file without
-// a setup cannot be counted before they are read.
-std::int64_t Counted(const std::string& info) {
+// The sum of the counts, without the blocks of block images: those of a file without a setup cannot
+// be counted before they are read.
+std::int64_t Counted(const nlohmann::ordered_json& info) {
   std::int64_t sum = 0;
-  bool counts = false;
-  for (const std::string& line : Lines(info)) {
-    if (counts && line.find("BlockImages") == std::string::npos) sum += std::stoll(line);
-    counts = counts || line == "  holds";
+  for (const auto& [name, count] : info.at("holds").items()) {
+    if (name.find("BlockImages") == std::string::npos) sum += count.get<std::int64_t>();
   }
   return sum;
 }
@@ -38,9 +36,12 @@ TEST(SampleFiles, AreWholeAndHoldWhatTheirCensusSays) {
   if (files.empty()) GTEST_SKIP() << "SAMPLES names no folder with sample files";
   for (const std::string& file : files) {
     SCOPED_TRACE(file);
-    Result const info = RunQvslm({"info", file});
+    Result const info = RunQvslm({"info", "--json", file});
     EXPECT_EQ(info.exitCode, 0);
     EXPECT_EQ(info.err, "");
+    Result const check = RunQvslm({"check", file});
+    EXPECT_EQ(check.exitCode, 0);
+    EXPECT_EQ(check.err, "");
     Result const dump = RunQvslm({"dump", file});
     EXPECT_EQ(dump.exitCode, 0);
     EXPECT_EQ(dump.err, "");
@@ -56,7 +57,7 @@ TEST(SampleFiles, AreWholeAndHoldWhatTheirCensusSays) {
       }
     }
     EXPECT_EQ(last, "End");
-    EXPECT_EQ(delivered, Counted(info.out));
+    EXPECT_EQ(delivered, Counted(test::Objects(info).at(0)));
   }
 }
 

@@ -1,0 +1,148 @@
+// qvslm plot: pictures that are whole, or a word why there is none.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "host/qvslm_process.h"
+#include "support/temp_folder.h"
+#include "support/translation.h"
+
+namespace {
+
+using samples::Body;
+using samples::DataFile;
+using test::Contents;
+using test::Result;
+using test::RunQvslm;
+using test::Startable;
+using test::TempFile;
+using test::TempFolder;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+Body Event(int code, int hour) {
+  return Body().U8(0).Date(21, 6, 2024).Time(hour, 0, 0).U8(code).U16(0).U24(0);
+}
+
+Body Mark(int minute) {
+  return Body().U8(0).Date(21, 6, 2024).Time(12, minute, 0).Level(65.5).U8(0);
+}
+
+std::string Measured() {
+  return Startable(test::General()
+                       .Q(5, "Bridge 'north'")
+                       .Item(4, Event(64, 12))
+                       .Item(5, Mark(10))
+                       .Item(5, Mark(20))
+                       .Item(4, Event(0, 13))
+                       .EndOfData());
+}
+
+TEST(Plot, LevelsOverLocalTime) {
+  TempFolder const folder;
+  TempFile const file(Measured());
+  std::string const picture = folder.Path() + "/it's night.svg";
+  Result const result = RunQvslm({"plot", "--tz", "Europe/Berlin", file.Path(), "-o", picture});
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  EXPECT_EQ(result.out, "");
+  EXPECT_EQ(result.err, "");
+  std::string const svg = Contents(picture);
+  EXPECT_THAT(svg,
+              AllOf(HasSubstr("<svg"), HasSubstr("</svg>"), HasSubstr("level in dB"),
+                    HasSubstr("local time, 2024-06-21 (UTC+02:00, Europe/Berlin)"),
+                    HasSubstr("LevelMark Level"), HasSubstr("run starts"), HasSubstr("run ends"),
+                    HasSubstr(">12:10<"), Not(HasSubstr("Interval LevelA"))));
+  // The title as it stands; SVG writes the quotes as references.
+  EXPECT_THAT(svg, testing::ContainsRegex("Bridge ('|&#39;|&apos;)north"));
+  std::size_t files = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+    ++files;
+    EXPECT_EQ(entry.path(), picture);
+  }
+  EXPECT_EQ(files, 1u);
+}
+
+TEST(Plot, APng) {
+  TempFolder const folder;
+  TempFile const file(Measured());
+  std::string const picture = folder.Path() + "/x.png";
+  ASSERT_EQ(RunQvslm({"plot", file.Path(), "-o", picture}).exitCode, 0);
+  EXPECT_THAT(Contents(picture), AllOf(testing::StartsWith("\x89PNG\r\n"), HasSubstr("IEND")));
+}
+
+TEST(Plot, RecordsAndFieldsAsAskedFor) {
+  TempFolder const folder;
+  TempFile const file(Measured());
+  std::string const picture = folder.Path() + "/x.svg";
+  ASSERT_EQ(
+      RunQvslm({"plot", file.Path(), "--records", "Event", "--field", "EventCode", "-o", picture})
+          .exitCode,
+      0);
+  EXPECT_THAT(Contents(picture), AllOf(HasSubstr("Event EventCode"), HasSubstr(">value<"),
+                                       Not(HasSubstr("LevelMark"))));
+  Result const none = RunQvslm({"plot", file.Path(), "--field", "Title1", "-o", picture});
+  EXPECT_EQ(none.exitCode, 2);
+  EXPECT_THAT(none.err, HasSubstr("--field: \"Title1\" is not the name of a number over time"));
+}
+
+TEST(Plot, Spectra) {
+  TempFolder const folder;
+  std::string const picture = folder.Path() + "/x.svg";
+  const char* const samples = std::getenv("SAMPLES");
+  if (samples == nullptr) GTEST_SKIP() << "SAMPLES names no folder with sample files";
+  std::string const file = std::string(samples) + "/model442_bands.qvd";
+  ASSERT_EQ(RunQvslm({"plot", "--spectrum", file, "-o", picture}).exitCode, 0);
+  EXPECT_THAT(Contents(picture), AllOf(HasSubstr("element of BandInterval Bands1"),
+                                       HasSubstr("energy mean of 40 records")));
+}
+
+TEST(Plot, WithoutAnythingToDraw) {
+  TempFolder const folder;
+  TempFile const file(Startable(test::General().EndOfData()));
+  std::string const picture = folder.Path() + "/x.svg";
+  Result const result = RunQvslm({"plot", file.Path(), "-o", picture});
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_EQ(result.err, "qvslm: " + picture + ": not drawn: no file holds what it should show\n");
+  EXPECT_TRUE(folder.Empty());
+}
+
+TEST(Plot, WithoutGnuplot) {
+  TempFolder const folder;
+  TempFile const file(Measured());
+  Result const result = test::RunProgram({"env", "PATH=" + folder.Path(), QVSLM_PROGRAM, "plot",
+                                          file.Path(), "-o", folder.Path() + "/x.svg"});
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_EQ(result.err,
+            "qvslm: gnuplot, which draws the picture, is not there; on Debian it comes with "
+            "apt-get install gnuplot-nox\n");
+  EXPECT_TRUE(folder.Empty());
+}
+
+TEST(Plot, WhereNothingCanBeWritten) {
+  TempFile const file(Measured());
+  TempFolder const folder;
+  Result const result = RunQvslm({"plot", file.Path(), "-o", "/no/such/folder/x.svg"});
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_THAT(result.err, HasSubstr("/no/such/folder/x.svg"));
+  // A device keeps its place.
+  std::filesystem::create_symlink("/dev/full", folder.Path() + "/full.svg");
+  Result const full = RunQvslm({"plot", file.Path(), "-o", folder.Path() + "/full.svg"});
+  EXPECT_EQ(full.exitCode, 1);
+  EXPECT_THAT(full.err, AllOf(HasSubstr("full.svg"), HasSubstr("No space left on device")));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.Path() + "/full.svg"));
+}
+
+TEST(Plot, ACutFileIsDrawnAsFarAsItGoes) {
+  TempFolder const folder;
+  DataFile data = test::General();
+  for (int i = 0; i < 300; ++i) data.Item(5, Mark(i % 60));
+  TempFile const file(data);
+  Result const result = RunQvslm({"plot", file.Path(), "-o", folder.Path() + "/x.svg"});
+  EXPECT_EQ(result.exitCode, 3);
+  EXPECT_THAT(result.err, HasSubstr("ended after 300 records"));
+  EXPECT_THAT(Contents(folder.Path() + "/x.svg"), HasSubstr("</svg>"));
+}
+
+}  // namespace
