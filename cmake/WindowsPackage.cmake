@@ -24,7 +24,7 @@ endif()
 install(DIRECTORY api/include/ DESTINATION include COMPONENT zip EXCLUDE_FROM_ALL)
 configure_file(cmake/windows/README.txt.in README.txt @ONLY NEWLINE_STYLE WIN32)
 install(FILES ${PROJECT_BINARY_DIR}/README.txt DESTINATION . COMPONENT zip EXCLUDE_FROM_ALL)
-install(FILES docs/records.md docs/windows.md DESTINATION docs COMPONENT zip EXCLUDE_FROM_ALL)
+install(FILES docs/host.md docs/records.md docs/windows.md DESTINATION docs COMPONENT zip EXCLUDE_FROM_ALL)
 install(FILES LICENSE DESTINATION . COMPONENT zip EXCLUDE_FROM_ALL OPTIONAL)
 
 set(CPACK_GENERATOR ZIP)

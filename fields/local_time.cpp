@@ -14,6 +14,14 @@ namespace {
 
 constexpr i32 kNoTime = -1;
 
+// Whether mktime resolves the daylight flag. Emscripten's leaves it as it was asked for; there it is
+// read off the stamp of the seconds.
+#ifdef __EMSCRIPTEN__
+constexpr bool kTellsFlag = false;
+#else
+constexpr bool kTellsFlag = true;
+#endif
+
 std::tm BrokenDown(const Calendar& calendar, i32 flag) {
   std::tm stamp{};
   stamp.tm_sec = calendar.Second;
@@ -230,19 +238,15 @@ bool AskZone(Calendar& calendar, i32 flag, i64& seconds) {
   stamp.tm_wday = kNoWeekDay;
   seconds = static_cast<i64>(std::mktime(&stamp));
   bool const found = stamp.tm_wday != kNoWeekDay;
-  if (found) {
-    // Not every C library resolves the flag in the stamp that it was given.
-    calendar = LocalCalendar(seconds);
-  } else {
-    stamp.tm_wday = 0;
-    calendar = FromBrokenDown(stamp);
-  }
+  if (!found) stamp.tm_wday = 0;
+  calendar = found && !kTellsFlag ? LocalCalendar(seconds) : FromBrokenDown(stamp);
   return found;
 }
 
 void ForgetLocalTime() {
   asked = 0;
   ForgetLocalYears();
+  ForgetLastAnswer();
   for (Remembered& day : days) day.key = Remembered::kNoKey;
   for (Remembered& hour : hours) hour.key = Remembered::kNoKey;
 }

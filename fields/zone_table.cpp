@@ -16,6 +16,7 @@ namespace {
 struct ZoneTable {
   const QvZoneChange* changes = nullptr;
   size_t count = 0;
+  i64 lastBack = 0;  // by so much the answer before lies behind its stamp as a clock of UTC has it
 };
 ZoneTable table;
 
@@ -48,17 +49,19 @@ std::optional<Shown> Show(i64 seconds) {
   return Shown{seconds, local, change.Daylight != 0};
 }
 
-// The instant at which the clock shows a local time, whatever the flag is then: the first guess is
-// that of a clock of UTC, and each one after it is off by what the one before it was off.
+// The instant at which the clock shows a local time, whatever the flag is then. The first guess is
+// that nothing has changed since the last question, and each one after it is moved by what the one
+// before it was off. So of an hour that comes twice with one flag it is the one on the side of the
+// stamp before.
 //
 // In an hour that the zone skips the guesses come to swing between two instants, one as far before
 // the hour asked for as the other is behind it. Then it is the one that has the other flag than the
 // one asked for; nothing where both have the same.
 std::optional<Shown> FindClock(i64 local, bool daylight) {
   constexpr int kMostGuesses = 6;
-  i64 guess = local;
-  i64 before = local;
-  i64 beforeThat = local;
+  i64 guess = local + table.lastBack;
+  i64 before = guess;
+  i64 beforeThat = guess;
   for (int guesses = 0; guesses < kMostGuesses; ++guesses) {
     std::optional<Shown> const shown = Show(guess);
     if (!shown || shown->local == local) return shown;
@@ -92,6 +95,10 @@ bool ZoneIsTable() {
   return table.changes != nullptr;
 }
 
+void ForgetLastAnswer() {
+  table.lastBack = 0;
+}
+
 bool AskTable(Calendar& calendar, i32 flag, i64& seconds) {
   bool const daylight = flag != 0;
   // Seconds out of range are added to the instant of the rest.
@@ -101,7 +108,10 @@ bool AskTable(Calendar& calendar, i32 flag, i64& seconds) {
   std::optional<Shown> shown = FindClock(local, daylight);
   if (shown && shown->local == local && shown->daylight != daylight)
     shown = FindWithFlag(*shown, daylight);
-  if (shown) shown = Show(shown->seconds + calendar.Second - inMinute.Second);
+  if (shown) {
+    table.lastBack = shown->seconds - local;
+    shown = Show(shown->seconds + calendar.Second - inMinute.Second);
+  }
   if (!shown) {
     seconds = -1;
     calendar.WeekDay = calendar.YearDay = 0;

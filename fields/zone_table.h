@@ -10,6 +10,10 @@ namespace qvslm {
 bool ZoneIsTable();
 
 // As AskZone and LocalCalendar.
+//
+// An hour that comes twice without a change of the flag is read by the answer before, as the GNU C
+// library does; ForgetLastAnswer makes the next question the first.
+void ForgetLastAnswer();
 bool AskTable(Calendar& calendar, i32 flag, i64& seconds);
 Calendar TableCalendar(i64 seconds);
 

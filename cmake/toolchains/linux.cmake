@@ -11,6 +11,8 @@ set(CMAKE_FIND_ROOT_PATH /usr/${QVSLM_TRIPLE})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+# Packages of the target alone, not those of this machine.
+set(ENV{PKG_CONFIG_LIBDIR} /usr/lib/${QVSLM_TRIPLE}/pkgconfig)
 
 string(REPLACE "i686" "i386" emulated ${CMAKE_SYSTEM_PROCESSOR})
 find_program(QEMU_${emulated} NAMES qemu-${emulated}-static)

@@ -12,6 +12,8 @@ set(CMAKE_FIND_ROOT_PATH /usr/${QVSLM_TRIPLE})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+# Packages of the target alone, not those of this machine.
+set(ENV{PKG_CONFIG_LIBDIR} /usr/${QVSLM_TRIPLE}/lib/pkgconfig)
 
 find_program(WINE NAMES wine64 wine)
 if(WINE)

@@ -8,11 +8,13 @@
 #include "qvslmtranslate.h"
 #include "support/guarded_buffer.h"
 #include "support/scoped_zone.h"
+#include "support/utc.h"
 
 namespace {
 
 using test::GuardedBuffer;
 using test::ScopedZone;
+using test::Utc;
 
 // A text whose terminator is the last byte that can be read.
 class TextAtTheEdge {
@@ -223,14 +225,9 @@ TEST(DateText, WithoutAYearItIsTheLatestPastMonth) {
     bool right = false;
     for (std::time_t const now : {before, after}) {
       std::tm const today = *std::localtime(&now);
-      std::tm expected{};
-      expected.tm_mday = 9;
-      expected.tm_mon = month;
-      expected.tm_year = today.tm_mon < month ? today.tm_year - 1 : today.tm_year;
-      expected.tm_hour = 10;
-      expected.tm_min = 20;
-      expected.tm_sec = 30;
-      right = right || seconds == static_cast<uint32_t>(timegm(&expected));
+      int const year = 1900 + (today.tm_mon < month ? today.tm_year - 1 : today.tm_year);
+      auto const expected = Utc(year, static_cast<unsigned>(month) + 1, 9, 10, 20, 30);
+      right = right || seconds == static_cast<uint32_t>(expected);
     }
     EXPECT_TRUE(right) << date << " is " << seconds;
   }
@@ -240,11 +237,10 @@ TEST(DateText, WithoutAYearItIsTheLatestPastMonth) {
 TEST(DateText, WithoutAYearADayBelowOneIsTheEndOfJanuary) {
   std::time_t const now = std::time(nullptr);
   std::tm const today = *std::localtime(&now);
-  std::tm expected{};
-  expected.tm_mday = 31;
-  expected.tm_year = today.tm_mon < 1 ? today.tm_year - 1 : today.tm_year;
-  EXPECT_EQ(TX_DateToSecs("00Jan", nullptr, 5), static_cast<uint32_t>(timegm(&expected)));
-  EXPECT_EQ(TX_DateToSecs(nullptr, nullptr, 5), static_cast<uint32_t>(timegm(&expected)));
+  int const year = 1900 + (today.tm_mon < 1 ? today.tm_year - 1 : today.tm_year);
+  auto const expected = static_cast<uint32_t>(Utc(year, 1, 31));
+  EXPECT_EQ(TX_DateToSecs("00Jan", nullptr, 5), expected);
+  EXPECT_EQ(TX_DateToSecs(nullptr, nullptr, 5), expected);
 }
 
 struct ZoneRow {

@@ -27,7 +27,7 @@ Body Event(int code, int hour) {
 }
 
 Body Mark(int minute) {
-  return Body().U8(0).Date(21, 6, 2024).Time(12, minute, 0).Level(60).U8(0);
+  return Body().U8(0).Date(21, 6, 2024).Time(12, minute, 0).Level(65.5).U8(0);
 }
 
 std::string Measured() {

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "support/system_calls.h"
+
 namespace test {
 
 class GuardedBuffer {
@@ -19,8 +21,7 @@ class GuardedBuffer {
   void Fill(int value);
 
  private:
-  std::uint8_t* mapping_;
-  std::size_t mapped_;
+  GuardedPages pages_;
   std::uint8_t* data_;
   std::size_t size_;
 };

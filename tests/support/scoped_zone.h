@@ -1,28 +1,24 @@
 // Sets the process's time zone for the life of the object.
 #pragma once
 
-#include <cstdlib>
-#include <ctime>
 #include <optional>
 #include <string>
 
 namespace test {
 
+// The zone by a name of the tz database, none for the one that the process was started with; by the
+// environment, or by a table where the C library knows no names.
+void SetZone(const std::optional<std::string>& name);
+std::optional<std::string> CurrentZone();
+
 class ScopedZone {
  public:
-  explicit ScopedZone(const std::string& zone) {
-    if (const char* const before = std::getenv("TZ")) before_ = before;
-    Set(zone.c_str());
-  }
-  ~ScopedZone() { Set(before_ ? before_->c_str() : nullptr); }
+  explicit ScopedZone(const std::string& zone) : before_(CurrentZone()) { SetZone(zone); }
+  ~ScopedZone() { SetZone(before_); }
   ScopedZone(const ScopedZone&) = delete;
   ScopedZone& operator=(const ScopedZone&) = delete;
 
  private:
-  static void Set(const char* zone) {
-    zone ? setenv("TZ", zone, 1) : unsetenv("TZ");
-    tzset();
-  }
   std::optional<std::string> before_;
 };
 

@@ -1,20 +1,13 @@
 #include "support/temp_file.h"
 
-#include <stdlib.h>
-#include <unistd.h>
-
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
-#include <stdexcept>
+
+#include "support/system_calls.h"
 
 namespace test {
 
-TempFile::TempFile(std::string_view bytes)
-    : path_((std::filesystem::temp_directory_path() / "qvslm-XXXXXX").string()) {
-  int const descriptor = mkstemp(path_.data());
-  if (descriptor < 0) throw std::runtime_error("cannot make a temporary file");
-  close(descriptor);
+TempFile::TempFile(std::string_view bytes) : path_(MakeTemporaryFile()) {
   Rewrite(bytes);
 }
 

@@ -1,23 +1,19 @@
 // A folder of files with names of the test's choice. It lives as long as the object.
 #pragma once
 
-#include <stdlib.h>
-
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 
+#include "support/system_calls.h"
+
 namespace test {
 
 class TempFolder {
  public:
-  TempFolder() : path_((std::filesystem::temp_directory_path() / "qvslm-XXXXXX").string()) {
-    if (mkdtemp(path_.data()) == nullptr) {
-      throw std::runtime_error("cannot make a temporary folder");
-    }
-  }
+  TempFolder() : path_(MakeTemporaryFolder()) {}
   ~TempFolder() {
     std::error_code ignored;
     std::filesystem::remove_all(path_, ignored);

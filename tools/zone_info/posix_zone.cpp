@@ -1,7 +1,6 @@
 #include "posix_zone.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace zone_info {
 
@@ -107,8 +106,8 @@ int DayOfYear(const DayRule& rule, int year) {
     return rule.day - 1 + (leap && rule.day > kDaysToMarch ? 1 : 0);
   int const first = DaysBeforeMonth(rule.month, leap);
   int const next = DaysBeforeMonth(rule.month + 1, leap);
-  // The first day of 1970 was a Thursday.
-  auto const weekday = static_cast<int>((StartOfYear(year) / kDay + first + 4 + 7 * 10000) % 7);
+  std::int64_t const dayAfterSunday = StartOfYear(year) / kDay + first + 4;  // 1970: a Thursday
+  auto const weekday = static_cast<int>((dayAfterSunday % 7 + 7) % 7);
   int day = first + (rule.weekday - weekday + 7) % 7 + (rule.week - 1) * 7;
   while (day >= next) day -= 7;
   return day;
@@ -143,12 +142,10 @@ std::vector<QvZoneChange> ChangesOfYears(const PosixZone& zone, int first, int l
   if (!zone.hasDaylight) return {{StartOfYear(first), zone.offset, 0}};
   std::vector<QvZoneChange> changes;
   for (int year = first; year <= last; ++year) {
-    QvZoneChange start = {InstantOf(zone.start, year, zone.offset), zone.daylightOffset, 1};
-    QvZoneChange end = {InstantOf(zone.end, year, zone.daylightOffset), zone.offset, 0};
-    if (end.From < start.From) std::swap(start, end);
-    changes.push_back(start);
-    changes.push_back(end);
+    changes.push_back({InstantOf(zone.start, year, zone.offset), zone.daylightOffset, 1});
+    changes.push_back({InstantOf(zone.end, year, zone.daylightOffset), zone.offset, 0});
   }
+  // Daylight time that never ends begins anew where that of the year before ends.
   std::stable_sort(changes.begin(), changes.end(),
                    [](const QvZoneChange& a, const QvZoneChange& b) { return a.From < b.From; });
   return changes;

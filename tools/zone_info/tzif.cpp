@@ -1,9 +1,9 @@
 #include "tzif.h"
 
 #include <fstream>
-#include <iterator>
 #include <limits>
 #include <optional>
+#include <sstream>
 
 #include "posix_zone.h"
 
@@ -156,8 +156,9 @@ std::vector<QvZoneChange> ChangesOf(std::string_view bytes) {
 
 std::vector<QvZoneChange> ChangesInFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
-  std::string const bytes(std::istreambuf_iterator<char>(file), {});
-  return ChangesOf(bytes);
+  std::ostringstream bytes;
+  bytes << file.rdbuf();
+  return ChangesOf(bytes.str());
 }
 
 }  // namespace zone_info
