@@ -8,7 +8,7 @@
 
 #include "byte_text.h"
 #include "clock_text.h"
-#include "number_text.h"
+#include "decimal_text.h"
 #include "record_info.h"
 
 namespace host {

@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "clock_text.h"
+#include "decimal_text.h"
 #include "export/field_columns.h"
 #include "export/record_sink.h"
 #include "export/sample_series.h"
 #include "export/written_file.h"
-#include "number_text.h"
 #include "qvslm_records.h"
 #include "record_bytes.h"
 #include "record_table.h"

@@ -6,11 +6,11 @@
 #include <vector>
 
 #include "clock_text.h"
+#include "decimal_text.h"
 #include "export/field_columns.h"
 #include "export/record_sink.h"
 #include "export/sample_series.h"
 #include "export/sqlite_database.h"
-#include "number_text.h"
 
 namespace host {
 

@@ -10,6 +10,11 @@
 #include "platform.h"
 
 namespace host {
+namespace {
+
+constexpr std::size_t kBuffer = std::size_t{128} * 1024;
+
+}  // namespace
 
 void FailToWrite(const std::string& path) {
   if (errno == EPIPE) throw ReaderHasGone();
@@ -30,7 +35,7 @@ Temporary PlainFileBeside(const std::string& place) {
 }
 
 WrittenFile::WrittenFile(const std::string& path, const std::string& place)
-    : place_(place), file_(std::fopen(path.c_str(), "wb")), capacity_(128 * 1024) {
+    : place_(place), file_(std::fopen(path.c_str(), "wb")), capacity_(kBuffer) {
   if (!file_) FailToWrite(place_);
   std::setvbuf(file_.get(), nullptr, _IONBF, 0);
   buffer_ = std::make_unique_for_overwrite<char[]>(capacity_);
