@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "api/platform.h"
+#include "api/path_letters.h"
 
 namespace qvslm {
 

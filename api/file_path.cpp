@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "api/context.h"
-#include "api/platform.h"
+#include "api/path_letters.h"
 #include "fields/number_text.h"
 
 namespace qvslm {

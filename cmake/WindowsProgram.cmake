@@ -1,7 +1,6 @@
 # What makes qvslm.exe of the host: one file, with the library and the time zones in it, the code page
 # UTF-8 by its manifest, and the version that the Explorer shows.
-target_sources(qvslm PRIVATE carried_zones.cpp)
-target_link_libraries(qvslm PRIVATE QVSLMTRANSLATE_static zone_rows)
+target_link_libraries(qvslm PRIVATE QVSLMTRANSLATE_static carried_zones)
 
 set(resource_type VFT_APP)
 set(resource_name qvslm)

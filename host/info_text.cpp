@@ -70,8 +70,9 @@ void InfoTotals::Add(const Facts& facts) {
   if (holds == facts.end()) return;
   for (const auto& [name, count] : holds->items()) {
     // Some counts have two names, by the mode of the file.
+    std::string const words = CountedRecords(2, name);
     auto const same = std::find_if(holds_.begin(), holds_.end(), [&](const Held& held) {
-      return CountedRecords(2, held.name) == CountedRecords(2, name);
+      return CountedRecords(2, held.name) == words;
     });
     Held& held = same == holds_.end() ? holds_.emplace_back(Held{name, 0}) : *same;
     held.count += count.get<std::uint64_t>();

@@ -2,8 +2,6 @@
 
 #include <unistd.h>
 
-#include <filesystem>
-
 #include "descriptor.h"
 #include "errors.h"
 #include "platform.h"
@@ -18,9 +16,7 @@ InputFile::InputFile(const std::string& name) : name_(name), path_(name) {
 }
 
 std::uint64_t InputFile::Size() const {
-  std::error_code fault;
-  std::uintmax_t const size = std::filesystem::file_size(path_, fault);
-  return fault ? 0 : size;
+  return SizeOf(path_);
 }
 
 }  // namespace host

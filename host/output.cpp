@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -39,11 +40,13 @@ bool Output::Marked(std::string_view before, std::string_view colour, std::strin
 bool Output::Put(std::string_view bytes) {
   if (Failed()) return false;
   if (terminal_) WipeProgress();
+  errno = 0;
   return std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() || NoteError();
 }
 
 bool Output::Flush() {
   if (Failed()) return false;
+  errno = 0;
   return std::fflush(stdout) == 0 || NoteError();
 }
 
@@ -52,8 +55,7 @@ std::string Output::WhatFailed() const {
 }
 
 bool Output::NoteError() {
-  int const fault = ErrorOfWrite();
-  error_ = fault == 0 ? EIO : fault;
+  error_ = ErrorOfWrite();
   return false;
 }
 

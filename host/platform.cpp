@@ -76,6 +76,11 @@ bool IsPlainFile(int file) {
   return fstat(file, &state) == 0 && S_ISREG(state.st_mode);
 }
 
+std::uint64_t SizeOf(const std::string& path) {
+  struct stat state {};
+  return stat(path.c_str(), &state) == 0 ? static_cast<std::uint64_t>(state.st_size) : 0;
+}
+
 std::tm LocalTime(std::int64_t seconds) {
   using namespace std::chrono;
   sys_seconds const local{std::chrono::seconds(seconds + UtcOffset(seconds))};
@@ -220,7 +225,10 @@ int TerminalWidth(int stream) {
 int ErrorOfWrite() {
   // The C library has no number of its own for a pipe whose other end is closed.
   bool const closed = _doserrno == ERROR_NO_DATA || _doserrno == ERROR_PIPE_NOT_CONNECTED;
-  return errno == EINVAL && closed ? EPIPE : errno;
+  if (errno == EINVAL && closed) return EPIPE;
+  // What is written in part, without an error of the system, found no room for the rest.
+  bool const isPart = (errno == 0 || errno == EINVAL) && _doserrno == 0;
+  return isPart ? ENOSPC : errno;
 }
 
 int OpenToRead(const std::string& path) {
@@ -296,7 +304,7 @@ std::int32_t UtcOffset(std::int64_t seconds) {
 }
 
 bool UseZoneNamed(const std::string& name) {
-  std::vector<QvZoneChange> changes = CarriedZone(name);
+  std::vector<QvZoneChange> changes = zone_info::CarriedZone(name);
   if (changes.empty()) return false;
   zone = std::move(changes);
   zoneName = name;
@@ -413,7 +421,7 @@ int TerminalWidth(int stream) {
 }
 
 int ErrorOfWrite() {
-  return errno;
+  return errno == 0 ? EIO : errno;
 }
 
 int OpenToRead(const std::string& path) {

@@ -16,14 +16,17 @@ bool PrepareStreams();
 
 bool IsTerminal(int stream);    // one that understands the sequences of ANSI
 int TerminalWidth(int stream);  // in columns; 0 without a terminal
-int ErrorOfWrite();             // errno of the write before; EPIPE where the reader has gone
+// errno of a write that failed, or was made in part, and had errno 0 before it; EPIPE where the
+// reader has gone.
+int ErrorOfWrite();
 unsigned ProcessorCount();
 
 // Descriptors of files, read and written as bytes, which no program started from here inherits. -1
 // and errno where a file cannot be opened.
 int OpenToRead(const std::string& path);
-int OpenToWrite(const std::string& path);  // one that is there
-bool IsPlainFile(int file);                // of a known size, and can be sought in
+int OpenToWrite(const std::string& path);       // one that is there
+std::uint64_t SizeOf(const std::string& path);  // 0 where it cannot be told
+bool IsPlainFile(int file);                     // of a known size, and can be sought in
 
 // Makes an empty file or folder under a name that nothing has yet, and notes the name: a signal or
 // Ctrl-C that ends the program removes the files noted, and then the folders that are empty. A

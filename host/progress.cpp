@@ -77,6 +77,7 @@ RunProgress::RunProgress(const std::vector<std::string>& files)
     total_ += sizes_.back();
   }
   run = this;
+  WriteLine(Text());
 }
 
 RunProgress::~RunProgress() {

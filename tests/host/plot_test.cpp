@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "host/qvslm_process.h"
@@ -143,6 +144,43 @@ TEST(Plot, ACutFileIsDrawnAsFarAsItGoes) {
   EXPECT_EQ(result.exitCode, 3);
   EXPECT_THAT(result.err, HasSubstr("ended after 300 records"));
   EXPECT_THAT(Contents(folder.Path() + "/x.svg"), HasSubstr("</svg>"));
+}
+
+// Six runs with pauses between them: six lines, of a hundred samples and more each.
+TEST(Plot, PausesAreGaps) {
+  const char* const samples = std::getenv("SAMPLES");
+  if (samples == nullptr) GTEST_SKIP() << "SAMPLES names no folder with sample files";
+  TempFolder const folder;
+  std::string const picture = folder.Path() + "/x.svg";
+  ASSERT_EQ(RunQvslm({"plot", std::string(samples) + "/general_time_history.qvd", "-o", picture})
+                .exitCode,
+            0);
+  std::string const svg = Contents(picture);
+  int lines = 0;
+  for (std::size_t at = svg.find("d='M"); at != std::string::npos; at = svg.find("d='M", at + 4)) {
+    if (svg.find('\'', at + 4) - at > 1000) ++lines;
+  }
+  EXPECT_EQ(lines, 6);
+}
+
+// Far more values than a picture can show, among them a single loud one: the axis reaches up to it.
+TEST(Plot, ThinnedCurvesKeepTheirExtremes) {
+  TempFolder const folder;
+  DataFile data = test::General();
+  for (int i = 0; i < 20000; ++i) {
+    data.Item(5, Body()
+                     .U8(0)
+                     .Date(21 + i / 3600 / 24, 6, 2024)
+                     .Time(i / 3600 % 24, i / 60 % 60, i % 60)
+                     .Level(i == 7777 ? 95.5 : 65.5)
+                     .U8(0));
+  }
+  TempFile const file(data.EndOfData());
+  std::string const picture = folder.Path() + "/x.svg";
+  ASSERT_EQ(RunQvslm({"plot", file.Path(), "-o", picture}).exitCode, 0);
+  std::string const svg = Contents(picture);
+  EXPECT_THAT(svg, AllOf(HasSubstr("> 70<"), HasSubstr("> 95<")));
+  EXPECT_LT(svg.size(), 2000000u);
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ LINES = [
     ("settings/q_block.cpp", "#include <nlohmann/json.hpp>", f"<nlohmann/json.hpp> {HERE}"),
     ("records/events.cpp", "#include <optional>", None),
     # The public headers.
-    ("api/include/qvslmtranslate.h", '#include "api/platform.h"', f"api/platform.h {HERE}"),
+    ("api/include/qvslmtranslate.h", '#include "api/path_letters.h"', f"api/path_letters.h {HERE}"),
     ("api/include/qvslmtranslate.h", "#include <cstdint>", f"<cstdint> {HERE}"),
     ("api/include/qvslm_records.h", "#include <sys/types.h>", f"<sys/types.h> {HERE}"),
     ("api/include/qvslm_records.h", "#include <stdbool.h>", None),

@@ -1,5 +1,5 @@
-// zone_writer FOLDER FILE: writes all zones of a folder such as /usr/share/zoneinfo as a source of
-// the host, for systems whose C library knows no zone by its name. What many zones share stands
+// zone_writer FOLDER FILE: writes all zones of a folder such as /usr/share/zoneinfo as a source,
+// for programs on systems whose C library knows no zone by its name. What many zones share stands
 // once: their changes as gaps in seconds and numbers of kinds, and zones that have other names alone.
 #include <algorithm>
 #include <cstdio>
@@ -55,7 +55,8 @@ class Writer {
     for (const auto& [name, changes] : zones_) {
       if (!Place(name, changes)) return false;
     }
-    std::fputs("// Written by zone_writer.\n#include \"zone_rows.h\"\n\nnamespace host {\n", out_);
+    std::fputs("// Written by zone_writer.\n#include \"zone_rows.h\"\n\nnamespace zone_info {\n",
+               out_);
     List("ZoneKind kZoneKinds", kinds_,
          [this](const Kind& kind) { std::fprintf(out_, "{%d,%d}", kind.first, kind.second); });
     List("std::uint32_t kZoneGaps", gaps_,
@@ -66,7 +67,7 @@ class Writer {
       std::fprintf(out_, "{\"%s\",%lld,%zu,%zu}", row.name.c_str(),
                    static_cast<long long>(row.start), row.first, row.count);
     });
-    std::fprintf(out_, "\nconstexpr std::size_t kZoneCount = %zu;\n\n}  // namespace host\n",
+    std::fprintf(out_, "\nconstexpr std::size_t kZoneCount = %zu;\n\n}  // namespace zone_info\n",
                  rows_.size());
     return true;
   }

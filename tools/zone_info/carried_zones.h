@@ -6,9 +6,9 @@
 
 #include "qvslm_zone.h"
 
-namespace host {
+namespace zone_info {
 
 // The changes of a zone of the tz database, as QvUseZone takes them; empty for a name that is none.
 std::vector<QvZoneChange> CarriedZone(std::string_view name);
 
-}  // namespace host
+}  // namespace zone_info

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace host {
+namespace zone_info {
 
 struct ZoneKind {
   std::int32_t offset;    // seconds to add to UTC
@@ -28,4 +28,4 @@ extern const std::uint16_t kZoneKindNumbers[];
 extern const ZoneRow kZoneRows[];
 extern const std::size_t kZoneCount;
 
-}  // namespace host
+}  // namespace zone_info

@@ -5,7 +5,7 @@
 
 #include "zone_rows.h"
 
-namespace host {
+namespace zone_info {
 
 std::vector<QvZoneChange> CarriedZone(std::string_view name) {
   const ZoneRow* const end = kZoneRows + kZoneCount;
@@ -23,4 +23,4 @@ std::vector<QvZoneChange> CarriedZone(std::string_view name) {
   return changes;
 }
 
-}  // namespace host
+}  // namespace zone_info
