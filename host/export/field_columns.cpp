@@ -45,7 +45,8 @@ std::vector<Column> ColumnsOf(const RecordInfo& info) {
         std::size_t const offset = field.offset + (row * count + i) * size;
         columns.push_back({&field, name + index, false, offset});
         if (field.kind == FieldKind::Time) {
-          columns.push_back({&field, name + "Local" + index, true, offset});
+          std::string clockName = name + "Local";
+          columns.push_back({&field, clockName += index, true, offset});
         }
       }
     }

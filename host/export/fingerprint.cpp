@@ -13,7 +13,7 @@
 namespace host {
 
 std::string Sha256OfFile(const std::string& path) {
-  constexpr std::streamsize block = 256 * 1024;
+  constexpr std::streamsize block = std::streamsize{256} * 1024;
   std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> const sum(EVP_MD_CTX_new(),
                                                                     EVP_MD_CTX_free);
   std::ifstream file(path, std::ios::binary);

@@ -79,6 +79,7 @@ Variable NewCells(const std::vector<matvar_t*>& texts) {
 
 Variable NewStruct(const char* name, std::size_t count, const std::vector<std::string>& fields) {
   std::vector<const char*> names;
+  names.reserve(fields.size());
   for (const std::string& field : fields) names.push_back(field.c_str());
   std::array<std::size_t, 2> dimensions = {1, count};
   return Variable(Mat_VarCreateStruct(name, 2, dimensions.data(), names.data(),

@@ -2,7 +2,6 @@
 #include <cstring>
 #include <filesystem>
 #include <system_error>
-#include <utility>
 
 #include "export/export_database.h"
 #include "export/fingerprint.h"
@@ -43,10 +42,10 @@ struct FileEntry {
 
 class SqliteFile : public RecordSink {
  public:
-  SqliteFile(SqliteDatabase& database, FileEntry entry, const std::string& choice)
+  SqliteFile(SqliteDatabase& database, const FileEntry& entry, const std::string& choice)
       : database_(database),
         transaction_(database),
-        file_(Enter(std::move(entry), choice)),
+        file_(Enter(entry, choice)),
         rows_(database, file_) {}
 
   void Add(const ExportedRecord& record) override {
@@ -84,7 +83,7 @@ class SqliteFile : public RecordSink {
   };
 
   // The number of the file; what the database had of it goes.
-  std::int64_t Enter(FileEntry entry, const std::string& choice) {
+  std::int64_t Enter(const FileEntry& entry, const std::string& choice) {
     SqliteStatement find(database_, "SELECT id FROM files WHERE path = ?");
     find.Bind(1, entry.path);
     if (find.Step()) {

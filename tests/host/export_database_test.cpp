@@ -168,10 +168,11 @@ TEST_F(Database, HoldsWholeFilesWhenTheRunIsKilled) {
     samples::WriteFamilyFile(files.back(), samples::Family::kEvents, 3000,
                              samples::At(2020, 1, 1 + i));
   }
-  std::string const command = "exec " QVSLM_PROGRAM " export " + files[0] + ' ' + files[1] + ' ' +
+  std::string const command = QVSLM_PROGRAM " export " + files[0] + ' ' + files[1] + ' ' +
                               files[2] + ' ' + files[3] + " --to " + Path();
   for (const char* const moment : {"0.02", "0.05", "0.1", "0.15", "0.2", "0.3"}) {
-    RunProgram({"timeout", "-s", "KILL", moment, "bash", "-c", command});
+    // The pipe ends when the killed process is gone.
+    RunProgram({"bash", "-c", "timeout -s KILL " + std::string(moment) + ' ' + command + " | cat"});
     if (!std::filesystem::exists(Path())) continue;
     EXPECT_EQ(Query("PRAGMA integrity_check"), "ok\n") << moment;
     if (Query("SELECT name FROM sqlite_schema WHERE name = 'files'").empty()) continue;
