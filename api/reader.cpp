@@ -1,71 +1,58 @@
 // Readers: the states of all modules, once for each. Built with QVSLM_READERS alone.
 #include <cstddef>
 #include <cstdlib>
+#include <new>
 
 #include "api/context.h"
 #include "api/front_end/qvslm_reader.h"
 
-struct QvReader {
+// The states stand behind it, in the order of their list.
+struct alignas(std::max_align_t) QvReader {
   qvslm::TranslateContext* context;
-  unsigned char* states;
 };
 
 namespace {
 
 using qvslm::StateKind;
 
-constexpr std::size_t kAlignment = alignof(std::max_align_t);
-
-constexpr std::size_t RoomOf(const StateKind& kind) {
-  return (kind.size + kAlignment - 1) / kAlignment * kAlignment;
+std::size_t RoomOf(const StateKind& kind) {
+  return (kind.size + alignof(QvReader) - 1) / alignof(QvReader) * alignof(QvReader);
 }
 
-std::size_t RoomOfAll() {
-  std::size_t room = 0;
-  for (auto* kind = qvslm::stateKinds; kind != nullptr; kind = kind->next) room += RoomOf(*kind);
-  return room;
+template <class Do>
+void ForEachState(QvReader* reader, Do act) {
+  auto* state = reinterpret_cast<unsigned char*>(reader + 1);
+  for (auto* kind = qvslm::stateKinds; kind != nullptr; kind = kind->next) {
+    act(*kind, state);
+    state += RoomOf(*kind);
+  }
 }
 
 }  // namespace
 
 QvReader* QvNewReader() {
-  auto* const reader = static_cast<QvReader*>(std::calloc(1, sizeof(QvReader)));
-  if (reader == nullptr) return nullptr;
-  reader->states = static_cast<unsigned char*>(std::malloc(RoomOfAll()));
-  if (reader->states == nullptr) {
-    std::free(reader);
-    return nullptr;
-  }
-  unsigned char* state = reader->states;
-  for (auto* kind = qvslm::stateKinds; kind != nullptr; kind = kind->next) {
-    kind->begin(state);
-    state += RoomOf(*kind);
-  }
+  std::size_t room = sizeof(QvReader);
+  for (auto* kind = qvslm::stateKinds; kind != nullptr; kind = kind->next) room += RoomOf(*kind);
+  void* const memory = std::malloc(room);
+  if (memory == nullptr) return nullptr;
+  auto* const reader = new (memory) QvReader{};
+  ForEachState(reader, [](const StateKind& kind, void* state) { kind.begin(state); });
   return reader;
 }
 
 void QvTakeReader(QvReader* reader) {
-  unsigned char* state = reader->states;
-  for (auto* kind = qvslm::stateKinds; kind != nullptr; kind = kind->next) {
-    kind->take(state);
-    state += RoomOf(*kind);
-  }
+  ForEachState(reader, [](const StateKind& kind, void* state) { kind.take(state); });
   qvslm::CurrentContext = reader->context;
 }
 
 void QvLayDownReader(QvReader* reader) {
   reader->context = qvslm::CurrentContext;
-  for (auto* kind = qvslm::stateKinds; kind != nullptr; kind = kind->next) kind->take(nullptr);
+  ForEachState(reader, [](const StateKind& kind, void*) { kind.take(nullptr); });
   qvslm::CurrentContext = nullptr;
 }
 
 void QvFreeReader(QvReader* reader) {
   if (reader == nullptr) return;
-  unsigned char* state = reader->states;
-  for (auto* kind = qvslm::stateKinds; kind != nullptr; kind = kind->next) {
-    kind->end(state);
-    state += RoomOf(*kind);
-  }
-  std::free(reader->states);
+  ForEachState(reader, [](const StateKind& kind, void* state) { kind.end(state); });
   std::free(reader);
 }
