@@ -27,7 +27,7 @@ struct StateKind {
   std::size_t size;
   void (*begin)(void* state);  // in bytes of its own
   void (*end)(void* state);
-  void (*take)(void* state);   // into the hand of this thread; null: none
+  void (*take)(void* state);  // into the hand of this thread; null: none
   const StateKind* next;
 };
 inline const StateKind* stateKinds = nullptr;
@@ -35,7 +35,9 @@ inline const StateKind* stateKinds = nullptr;
 template <class State>
 class ModuleState {
  public:
-  ModuleState() noexcept : kind_{sizeof(State), Begin, End, Take, stateKinds} { stateKinds = &kind_; }
+  ModuleState() noexcept : kind_{sizeof(State), Begin, End, Take, stateKinds} {
+    stateKinds = &kind_;
+  }
   State* operator->() const { return inHand_; }
   State& operator*() const { return *inHand_; }
 

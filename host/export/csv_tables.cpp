@@ -9,7 +9,7 @@
 #include "export/csv_row.h"
 #include "export/csv_values.h"
 #include "export/record_sink.h"
-#include "export/sample_series.h"
+#include "export/sample_table.h"
 #include "export/written_file.h"
 #include "record_table.h"
 #include "temporary.h"

@@ -11,7 +11,7 @@
 #include "decimal_text.h"
 #include "export/field_columns.h"
 #include "export/record_sink.h"
-#include "export/sample_series.h"
+#include "export/sample_table.h"
 #include "export/written_file.h"
 #include "qvslm_records.h"
 #include "record_bytes.h"

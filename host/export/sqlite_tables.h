@@ -9,7 +9,7 @@
 #include "decimal_text.h"
 #include "export/field_columns.h"
 #include "export/record_sink.h"
-#include "export/sample_series.h"
+#include "export/sample_table.h"
 #include "export/sqlite_database.h"
 
 namespace host {

@@ -9,7 +9,7 @@
 #include "decimal_text.h"
 #include "export/field_columns.h"
 #include "export/record_sink.h"
-#include "export/sample_series.h"
+#include "export/sample_table.h"
 #include "export/written_file.h"
 #include "latin1.h"
 #include "qvslm_records.h"

@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "errors.h"
-#include "export/sample_series.h"
+#include "export/sample_table.h"
 #include "latin1.h"
 #include "plain_words.h"
 #include "plot/drawn_fields.h"

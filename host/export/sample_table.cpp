@@ -1,4 +1,4 @@
-#include "export/sample_series.h"
+#include "export/sample_table.h"
 
 #include <algorithm>
 #include <cmath>
