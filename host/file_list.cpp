@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "errors.h"
+#include "file_paths.h"
 
 namespace host {
 namespace {
@@ -19,9 +20,9 @@ bool SameLetters(std::string_view a, std::string_view b) {
 }
 
 bool IsWanted(const fs::path& path, const Sources& sources) {
-  std::string const name = path.filename().string();
+  std::string const name = NameOf(path.filename());
   if (name.starts_with('.')) return false;
-  return sources.ending == "*" || SameLetters(path.extension().string(), "." + sources.ending);
+  return sources.ending == "*" || SameLetters(NameOf(path.extension()), "." + sources.ending);
 }
 
 // Adds the files of one folder, and of the folders in it where they are asked for.
@@ -40,11 +41,11 @@ void AddFolder(FileList& list, const fs::path& folder, const Sources& sources) {
     }
   }
   if (fault) {
-    Remark(folder.string(), "the folder cannot be read: " + fault.message());
+    Remark(NameOf(folder), "the folder cannot be read: " + fault.message());
     list.outcome = Outcome::NothingReadable;
   }
   std::sort(files.begin(), files.end());
-  for (const fs::path& file : files) list.files.push_back(file.string());
+  for (const fs::path& file : files) list.files.push_back(NameOf(file));
   if (!sources.recursive) return;
   std::sort(folders.begin(), folders.end());
   for (const fs::path& inner : folders) AddFolder(list, inner, sources);
@@ -56,12 +57,12 @@ FileList FilesOf(const Sources& sources) {
   FileList list;
   for (const std::string& name : sources.names) {
     std::error_code ignored;
-    if (name == "-" || !fs::is_directory(name, ignored)) {
+    if (name == "-" || !fs::is_directory(PathOf(name), ignored)) {
       list.files.push_back(name);
       continue;
     }
     std::size_t const before = list.files.size();
-    AddFolder(list, name, sources);
+    AddFolder(list, PathOf(name), sources);
     if (list.files.size() == before && list.outcome == Outcome::Whole) {
       Remark(name, sources.ending == "*"
                        ? "the folder has no files"

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "file_paths.h"
 #include "plain_text.h"
 #include "plain_words.h"
 #include "platform.h"
@@ -72,7 +73,7 @@ RunProgress::RunProgress(const std::vector<std::string>& files)
   if (!terminal_) return;
   for (const std::string& file : files) {
     std::error_code fault;
-    std::uintmax_t const size = std::filesystem::file_size(file, fault);
+    std::uintmax_t const size = std::filesystem::file_size(PathOf(file), fault);
     sizes_.push_back(fault ? 0 : size);
     total_ += sizes_.back();
   }

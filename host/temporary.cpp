@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "errors.h"
+#include "file_paths.h"
 #include "platform.h"
 #include "qvslmtranslate.h"
 
@@ -26,7 +27,7 @@ std::string Letters() {
 Temporary::~Temporary() {
   if (path_.empty()) return;
   std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
+  std::filesystem::remove_all(PathOf(path_), ignored);
   ForgetNoted(path_);
 }
 
@@ -56,7 +57,7 @@ Temporary Temporary::Folder() {
   if (fault) {
     throw FileError("there is no folder for a temporary copy: " + fault.message(), QV_CANNOT_OPEN);
   }
-  return Make((temporary / "qvslm-").string(), MakeNotedPrivateFolder,
+  return Make(NameOf(temporary / "qvslm-"), MakeNotedPrivateFolder,
               "no temporary folder can be made");
 }
 

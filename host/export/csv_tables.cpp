@@ -11,6 +11,7 @@
 #include "export/record_sink.h"
 #include "export/sample_table.h"
 #include "export/written_file.h"
+#include "file_paths.h"
 #include "record_table.h"
 #include "temporary.h"
 
@@ -37,7 +38,7 @@ std::vector<std::string> FileNames() {
 }
 
 void Expect(const fs::path& path, const std::error_code& fault) {
-  if (fault) throw WriteError(path.string() + " cannot be written: " + fault.message());
+  if (fault) throw WriteError(NameOf(path) + " cannot be written: " + fault.message());
 }
 
 // In a folder that has files already, tables take the place of earlier ones, and those that this
@@ -55,7 +56,7 @@ void ReplaceTables(const fs::path& from, const fs::path& place) {
 }
 
 Temporary FolderBeside(const std::string& place) {
-  if (fs::exists(place) && !fs::is_directory(place)) {
+  if (fs::exists(PathOf(place)) && !fs::is_directory(PathOf(place))) {
     throw WriteError(place + " cannot be written: it is no folder");
   }
   return Temporary::FolderBeside(place);
@@ -83,8 +84,8 @@ class CsvTables : public RecordSink {
     for (auto& [info, table] : tables_) table.file->Close();
     if (samples_) samples_->Close();
     if (markers_) markers_->Close();
-    if (fs::is_directory(place_)) {
-      ReplaceTables(folder_.Path(), place_);
+    if (fs::is_directory(PathOf(place_))) {
+      ReplaceTables(PathOf(folder_.Path()), PathOf(place_));
     } else {
       folder_.MoveTo(place_);
     }
@@ -99,9 +100,9 @@ class CsvTables : public RecordSink {
   std::unique_ptr<WrittenFile> OpenTable(std::string_view name, const std::string& heading) {
     std::string const fileName = FileName(name);
     // The file goes with the folder; it is noted by itself for a signal that ends the program.
-    auto file = std::make_unique<WrittenFile>(
-        Temporary::File((fs::path(folder_.Path()) / fileName).string()),
-        (fs::path(place_) / fileName).string());
+    auto file =
+        std::make_unique<WrittenFile>(Temporary::File(NameOf(PathOf(folder_.Path()) / fileName)),
+                                      NameOf(PathOf(place_) / fileName));
     file->Write(heading);
     return file;
   }

@@ -7,6 +7,7 @@
 
 #include "arguments.h"
 #include "export/written_file.h"
+#include "file_paths.h"
 
 namespace host {
 namespace {
@@ -32,12 +33,12 @@ const char* EndingOf(ExportFormat format) {
 
 // Without the slash of a folder's name.
 fs::path Plain(const std::string& place) {
-  fs::path const path = fs::path(place).lexically_normal();
+  fs::path const path = PathOf(place).lexically_normal();
   return path.has_filename() ? path : path.parent_path();
 }
 
 fs::path Named(const std::string& file) {
-  return file == "-" ? fs::path("stdin") : fs::absolute(file).lexically_normal();
+  return file == "-" ? fs::path("stdin") : fs::absolute(PathOf(file)).lexically_normal();
 }
 
 // The folder that all files are in, however deep.
@@ -57,8 +58,8 @@ fs::path FolderOfAll(const std::vector<std::string>& files) {
 
 ExportFormat FormatOf(const ExportOptions& options) {
   if (options.format != ExportFormat::ByEnding) return options.format;
-  std::string const ending = Plain(options.place).extension().string();
-  if (ending.empty() || fs::is_directory(options.place)) return ExportFormat::Csv;
+  std::string const ending = NameOf(Plain(options.place).extension());
+  if (ending.empty() || fs::is_directory(PathOf(options.place))) return ExportFormat::Csv;
   if (ending == ".jsonl") return ExportFormat::JsonLines;
   if (ending == ".sqlite" || ending == ".db") return ExportFormat::Sqlite;
   if (ending == ".xlsx") return ExportFormat::Xlsx;
@@ -74,9 +75,9 @@ std::vector<std::string> PlacesOf(const std::vector<std::string>& files,
   fs::path const place = Plain(options.place);
   std::string const ending = EndingOf(format);
   const std::vector<std::string>& names = options.sources.names;
-  bool const one = names.size() == 1 && !fs::is_directory(names.front());
+  bool const one = names.size() == 1 && !fs::is_directory(PathOf(names.front()));
   bool const intoFolder = !one || (format != ExportFormat::Csv && fs::is_directory(place));
-  if (!intoFolder) return {place.string()};
+  if (!intoFolder) return {NameOf(place)};
   if (!ending.empty() && place.extension() == ending) {
     throw WrongUsage("--to: several files make several " + ending +
                      ": name a folder, and --format");
@@ -87,13 +88,13 @@ std::vector<std::string> PlacesOf(const std::vector<std::string>& files,
   std::map<std::string, int> alike;
   for (const std::string& file : files) {
     fs::path const inside = Named(file).lexically_relative(common);
-    places.push_back((place / inside).string());
-    ++alike[(place / inside).replace_extension().string()];
+    places.push_back(NameOf(place / inside));
+    ++alike[NameOf((place / inside).replace_extension())];
   }
   std::map<std::string, std::string> taken;
   for (std::size_t i = 0; i < places.size(); ++i) {
     // Two files whose names differ by their endings alone keep them.
-    std::string const shorter = fs::path(places[i]).replace_extension().string();
+    std::string const shorter = NameOf(PathOf(places[i]).replace_extension());
     places[i] = (alike[shorter] == 1 ? shorter : places[i]) + ending;
     if (!taken.emplace(places[i], files[i]).second) {
       throw WrongUsage(files[i] + " is given twice");
@@ -104,10 +105,10 @@ std::vector<std::string> PlacesOf(const std::vector<std::string>& files,
 
 void MakeFoldersFor(const std::string& place) {
   std::error_code fault;
-  fs::path const folder = fs::path(place).parent_path();
+  fs::path const folder = PathOf(place).parent_path();
   if (!folder.empty()) fs::create_directories(folder, fault);
   if (fault) {
-    throw WriteError(folder.string() + " cannot be made: " + fault.message());
+    throw WriteError(NameOf(folder) + " cannot be made: " + fault.message());
   }
 }
 

@@ -8,6 +8,7 @@
 #include "export/sqlite_database.h"
 #include "export/sqlite_tables.h"
 #include "export/written_file.h"
+#include "file_paths.h"
 #include "latin1.h"
 #include "plain_text.h"
 #include "record_bytes.h"
@@ -21,8 +22,8 @@ namespace fs = std::filesystem;
 // How a file is known from run to run, wherever the runs start.
 std::string KnownPath(const std::string& name) {
   std::error_code fault;
-  fs::path const path = fs::weakly_canonical(name, fault);
-  return PlainText(name == "-" || fault ? name : path.string());
+  fs::path const path = fs::weakly_canonical(PathOf(name), fault);
+  return PlainText(name == "-" || fault ? name : NameOf(path));
 }
 
 std::string Told(const char* text, std::size_t size) {
@@ -166,7 +167,7 @@ class SqliteFile : public RecordSink {
 class SqliteExport : public ExportDatabase {
  public:
   SqliteExport(const std::string& place, const std::string& choice)
-      : place_(place), choice_(choice), made_(!fs::exists(place)), database_(place) {
+      : place_(place), choice_(choice), made_(!fs::exists(PathOf(place))), database_(place) {
     try {
       MakeTables(database_);
     } catch (...) {
@@ -206,7 +207,7 @@ class SqliteExport : public ExportDatabase {
       // Without a table of files it is as empty.
     }
     std::error_code ignored;
-    fs::remove(place_, ignored);
+    fs::remove(PathOf(place_), ignored);
   }
 
   std::string place_;

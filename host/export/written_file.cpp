@@ -7,6 +7,7 @@
 #include <system_error>
 #include <utility>
 
+#include "file_paths.h"
 #include "platform.h"
 
 namespace host {
@@ -23,10 +24,10 @@ void FailToWrite(const std::string& path) {
 
 bool IsDevice(const std::string& place) {
   std::error_code ignored;
-  std::string const path = std::filesystem::absolute(place).lexically_normal().string();
+  std::string const path = NameOf(std::filesystem::absolute(PathOf(place)).lexically_normal());
   if (path.starts_with("/dev/") || path.starts_with("/proc/")) return true;
-  return std::filesystem::exists(place, ignored) &&
-         !std::filesystem::is_regular_file(place, ignored);
+  return std::filesystem::exists(PathOf(place), ignored) &&
+         !std::filesystem::is_regular_file(PathOf(place), ignored);
 }
 
 Temporary PlainFileBeside(const std::string& place) {
