@@ -17,6 +17,7 @@ constexpr std::size_t kNameSize = 1024;
 constexpr std::size_t kMostChanges = 4096;
 constexpr std::size_t kBatchSize = 1 << 18;
 constexpr std::size_t kCodes = 256;
+constexpr std::size_t kBandIntervals = kCodes;  // code 1 in mode 4 counts here
 
 // The head of a record in the batch; the record stands right behind it.
 struct BatchHead {
@@ -52,6 +53,7 @@ char timeText[32];
 QvZoneChange zone[kMostChanges];
 alignas(8) std::uint8_t batch[kBatchSize];
 std::uint8_t wanted[kCodes];
+std::uint32_t counts[kCodes + 1];  // of whole records, by code
 alignas(8) std::uint8_t record[QV_OUTPUT_RECORD_SIZE];
 void* context = nullptr;
 QvWalk walk;
@@ -74,18 +76,21 @@ void TellState() {
   state.wasWhole = QvWalkWasWhole(&walk);
 }
 
+bool IsBandInterval() {
+  return walk.Code == QV_INTERVAL && QvMode(walk.Context) == 4;
+}
+
+// Whether there is room for another one.
 bool AppendRecord() {
-  std::size_t const size = QvRecordSize(walk.Code);
-  bool const isBands = walk.Code == QV_INTERVAL && QvMode(walk.Context) == 4;
+  bool const isBands = IsBandInterval();
   auto const used = static_cast<std::size_t>(state.batchBytes);
-  std::size_t const taken = isBands ? sizeof(QvBandInterval) : size;
+  std::size_t const taken = isBands ? sizeof(QvBandInterval) : QvRecordSize(walk.Code);
   BatchHead const head = {
       walk.Code,  static_cast<std::uint16_t>(taken), isBands, walk.Whole, walk.Short, 0,
       walk.Offset};
   std::memcpy(batch + used, &head, sizeof head);
   std::memcpy(batch + used + sizeof head, record, taken);
   state.batchBytes += static_cast<std::int32_t>(sizeof head + taken);
-  // Room for the largest record is left.
   return used + 2 * (sizeof head + QV_OUTPUT_RECORD_SIZE) <= kBatchSize;
 }
 
@@ -114,6 +119,9 @@ CORE_CALL(batch_bytes) std::uint8_t* BatchBytes() {
 }
 CORE_CALL(wanted_codes) std::uint8_t* WantedCodes() {
   return wanted;
+}
+CORE_CALL(whole_counts) std::uint32_t* WholeCounts() {
+  return counts;
 }
 CORE_CALL(census_counts) QvRecordCensus* CensusCounts() {
   return &census;
@@ -167,6 +175,7 @@ CORE_CALL(count_records) int CountRecords() {
 
 CORE_CALL(open_walk) void OpenWalk(int withCensus) {
   std::memset(&census, 0, sizeof census);
+  std::memset(counts, 0, sizeof counts);
   QvWalkOpen(&walk, sourceName, Context(), record, withCensus != 0 ? &census : nullptr);
   TellState();
 }
@@ -179,6 +188,9 @@ CORE_CALL(walk_on) int WalkOn(int until, int most) {
   state.batchBytes = 0;
   while (seen < most && QvWalkNext(&walk) != 0) {
     ++seen;
+    if (walk.Code < kCodes && walk.Whole != 0) {
+      ++counts[IsBandInterval() ? kBandIntervals : walk.Code];
+    }
     if (walk.Code < kCodes && wanted[walk.Code] != 0 && !AppendRecord()) break;
     if (QvFileOffset(walk.Context) >= until) break;
   }

@@ -1,5 +1,6 @@
 // The library in WebAssembly, one instance for each file that is read.
 import { coreBytes } from "./generated/core_bytes.js";
+import { bandIntervals } from "./field_info.js";
 import type { ByteSource } from "./source.js";
 import { Zone } from "./zone.js";
 
@@ -14,6 +15,7 @@ interface Calls {
   zone_room(): number;
   batch_bytes(): number;
   wanted_codes(): number;
+  whole_counts(): number;
   census_counts(): number;
   header_lines(): number;
   walk_state(): number;
@@ -58,6 +60,7 @@ export interface BatchEntry {
   at: number;
 }
 const headSize = 12;
+
 const nameRoom = 1024;
 export const allCodes = -1;
 
@@ -188,6 +191,11 @@ export class Core {
     wanted.fill(codes === allCodes ? 1 : 0);
     if (codes === allCodes) return;
     for (const code of codes) wanted[code] = 1;
+  }
+
+  /** How many whole records the walk has met: by code, and at 256 those of code 1 in mode 4. */
+  counts(): Uint32Array {
+    return new Uint32Array(this.buffer, this.calls.whole_counts(), bandIntervals + 1);
   }
 
   /** Walks on by a batch; how many records it went past. */

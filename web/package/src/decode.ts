@@ -1,6 +1,6 @@
 // Records in memory, by the field table, as objects.
 import type { BatchEntry } from "./core.js";
-import type { FieldInfo, FieldType, RecordInfo } from "./field_info.js";
+import { bandIntervals, type FieldInfo, type FieldType, type RecordInfo } from "./field_info.js";
 import { records, type MeasurementRecord } from "./generated/fields.js";
 import type { Zone } from "./zone.js";
 
@@ -22,6 +22,11 @@ export function recordNamed(name: string): RecordInfo {
 /** What a record of a batch is. */
 export function infoOf(entry: BatchEntry): RecordInfo | undefined {
   return entry.isBandInterval ? bandInterval : byCode.get(entry.code);
+}
+
+/** What was counted there (Core.counts). */
+export function infoOfCount(index: number): RecordInfo | undefined {
+  return index === bandIntervals ? bandInterval : byCode.get(index);
 }
 
 /** The number with the fewest digits that is this number of 32 bits. */

@@ -24,3 +24,6 @@ export interface RecordInfo {
   readonly size: number;
   readonly fields: readonly FieldInfo[];
 }
+
+/** Where records of code 1 are counted in mode 4. */
+export const bandIntervals = 256;

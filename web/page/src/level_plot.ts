@@ -12,6 +12,22 @@ const height = 280;
 const zoomStep = 0.6;
 const panStep = 0.25;
 const shortest = 1; // seconds in view
+const mostMarks = 100; // in view; more of them would hide the levels
+const mostNamedMarks = 8;
+
+// How times stand at the axis, by the step between them: what stands at each, and below where the
+// year, the day or the minute changes. In the order that uPlot asks for.
+const hour = 3600;
+const date = "\n{D} {MMM} {YYYY}";
+const dayAlone = "\n{D} {MMM}";
+const axisTimes: (string | number | null)[][] = [
+  [365 * 24 * hour, "{YYYY}", null, null, null, null, null, null, 1],
+  [28 * 24 * hour, "{MMM}", "\n{YYYY}", null, null, null, null, null, 1],
+  [24 * hour, "{D} {MMM}", "\n{YYYY}", null, null, null, null, null, 1],
+  [60, "{HH}:{mm}", date, null, dayAlone, null, null, null, 1],
+  [1, "{HH}:{mm}:{ss}", date, null, dayAlone, null, null, null, 1],
+  [0.001, "{ss}.{fff}", `${date} {HH}:{mm}`, null, dayAlone, null, "\n{HH}:{mm}", null, 1],
+];
 
 function colour(name: string): string {
   return getComputedStyle(document.documentElement).getPropertyValue(name).trim();
@@ -86,7 +102,7 @@ export class LevelPlot {
       scales: { x: { time: true } },
       series: [{}, { ...line, label }, { ...line }],
       bands: [{ series: [1, 2], fill: colour("--band") }],
-      axes: [axis, { ...axis, label: texts.dB, labelSize: 20, size: 46 }],
+      axes: [{ ...axis, values: axisTimes }, { ...axis, label: texts.dB, labelSize: 20, size: 46 }],
       hooks: {
         setScale: [(_, key) => key === "x" && this.refresh()],
         setCursor: [() => this.tell()],
@@ -101,14 +117,16 @@ export class LevelPlot {
     ctx.strokeStyle = colour("--mark");
     ctx.fillStyle = colour("--mark");
     ctx.setLineDash([4, 4]);
-    for (const mark of this.marks) {
+    ctx.textAlign = "left";
+    const { from, to } = this.view();
+    const inView = this.marks.filter((mark) => mark.time >= from && mark.time <= to);
+    for (const mark of inView.length > mostMarks ? [] : inView) {
       const x = plot.valToPos(mark.time, "x", true);
-      if (x < bbox.left || x > bbox.left + bbox.width) continue;
       ctx.beginPath();
       ctx.moveTo(x, bbox.top);
       ctx.lineTo(x, bbox.top + bbox.height);
       ctx.stroke();
-      if (this.marks.length < 20) {
+      if (inView.length <= mostNamedMarks) {
         const text = mark.code === 64 ? texts.runStart : texts.mark(mark.code);
         ctx.fillText(text, x + 4, bbox.top + 12 * devicePixelRatio);
       }

@@ -1,6 +1,6 @@
 // One open file in the worker: walks through it as often as it is asked something.
 import { Core, goesOn, type BatchEntry } from "../../package/src/core.js";
-import { infoOf, recordAt, recordNamed } from "../../package/src/decode.js";
+import { infoOf, infoOfCount, recordAt, recordNamed } from "../../package/src/decode.js";
 import type { FieldInfo, RecordInfo } from "../../package/src/field_info.js";
 import { records } from "../../package/src/generated/fields.js";
 import { FileStory, type MeasurementRecord } from "../../package/src/index.js";
@@ -27,7 +27,8 @@ interface Place {
 }
 const mostPlaces = 24;
 const smallestStretch = 16_000_000;
-const mostMarks = 1000;
+const mostMarks = 20_000;
+const mostRecords = 50_000; // in one go, before it is told how far the work has come
 const runMarks = [64, 80];
 
 /** The time that a record is filtered by. */
@@ -40,7 +41,10 @@ function seriesOf(info: RecordInfo): string[] {
   if (info.fields.every((field) => field.name !== "RecordTime")) return [];
   const isLevel = (field: FieldInfo): boolean =>
     field.type === "f32" && field.count === 0 && (field.kind === "level" || field.kind === "dB");
-  return info.fields.filter(isLevel).map((field) => field.name);
+  const names = info.fields.filter(isLevel).map((field) => field.name);
+  // What the instrument was set to comes behind what it measured.
+  const isSetting = (name: string): boolean => /^Threshold|Offset$/.test(name);
+  return [...names.filter((name) => !isSetting(name)), ...names.filter(isSetting)];
 }
 
 const f32 = 4;
@@ -61,23 +65,21 @@ export class Measurement {
   }
 
   private survey(start: number, tell: Tell): Opened {
-    const { core, counts } = this;
+    const { core } = this;
     const story = new FileStory(core);
     const marks: Mark[] = [];
     const stretch = Math.max(smallestStretch, Math.ceil(core.source.size / mostPlaces));
     let state = core.openWalk(true);
     let records = 0;
-    core.want(-1);
+    core.want(FileStory.codes);
     this.places.push({ saved: core.save(), counts: new Map() });
     while (state.end === goesOn) {
-      records += core.walkOn();
+      records += core.walkOn(this.places.length * stretch, mostRecords);
       state = core.state();
       const view = core.view();
       for (const entry of core.batch(view)) {
         const info = infoOf(entry);
         if (info === undefined || !entry.isWhole) continue;
-        counts.set(info.name, (counts.get(info.name) ?? 0) + 1);
-        if (!FileStory.codes.includes(entry.code)) continue;
         const record = recordAt(view, entry, info, core.zone);
         story.note(record);
         if (record.record === "Event" && runMarks.includes(record.EventCode)) {
@@ -85,10 +87,11 @@ export class Measurement {
         }
       }
       if (state.position >= this.places.length * stretch && state.end === goesOn) {
-        this.places.push({ saved: core.save(), counts: new Map(counts) });
+        this.places.push({ saved: core.save(), counts: this.countedSoFar() });
       }
       tell(state.position / core.source.size);
     }
+    this.counts = this.countedSoFar();
     return {
       info: story.info(records),
       kinds: this.kinds(),
@@ -96,6 +99,15 @@ export class Measurement {
       marks,
       milliseconds: performance.now() - start,
     };
+  }
+
+  private countedSoFar(): Map<string, number> {
+    const counted = new Map<string, number>();
+    this.core.counts().forEach((count, index) => {
+      const info = infoOfCount(index);
+      if (count > 0 && info !== undefined) counted.set(info.name, count);
+    });
+    return counted;
   }
 
   private kinds(): Kind[] {
@@ -125,7 +137,7 @@ export class Measurement {
     core.want([kind.code]);
     let state = core.state();
     while (state.end === goesOn) {
-      core.walkOn();
+      core.walkOn(undefined, mostRecords);
       state = core.state();
       const view = core.view();
       for (const entry of core.batch(view)) {

@@ -25,6 +25,8 @@ export function isArray(field: FieldInfo): boolean {
 export function valueText(field: FieldInfo, value: unknown, zone: Zone): string {
   if (value === null || value === undefined) return texts.empty;
   if (field.kind === "time") return clockText(Number(value), zone) || texts.empty;
+  const isDecibels = field.kind === "level" || field.kind === "dB";
+  if (typeof value === "number" && isDecibels) return String(Math.round(value * 100) / 100);
   if (Array.isArray(value)) return value.flat().map((one) => one ?? texts.empty).join(" ");
   return String(value);
 }
