@@ -82,16 +82,14 @@ export class Core {
 
   static async open(source: ByteSource, zone: Zone): Promise<Core> {
     compiled ??= WebAssembly.compile(bytesOfBase64(coreBytes));
-    let calls: Calls | undefined;
-    const bytes = (at: number, size: number): Uint8Array =>
-      new Uint8Array(calls!.memory.buffer, at, size);
+    const made: { calls?: Calls } = {};
     const nothing = (): number => 0;
     const imports = {
       env: {
         source_size: () => source.size,
         source_read(offset: number, target: number, count: number): number {
           try {
-            return source.read(bytes(target, count), offset);
+            return source.read(new Uint8Array(made.calls!.memory.buffer, target, count), offset);
           } catch {
             return -1;
           }
@@ -109,7 +107,8 @@ export class Core {
       },
     };
     const instance = await WebAssembly.instantiate(await compiled, imports);
-    calls = instance.exports as unknown as Calls;
+    const calls = instance.exports as unknown as Calls;
+    made.calls = calls;
     calls._initialize();
     const core = new Core(calls, source, zone);
     core.writeText(calls.source_name(), new TextEncoder().encode(source.name), nameRoom);

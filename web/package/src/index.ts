@@ -3,11 +3,9 @@ import { allCodes, Core, goesOn, notStarted, type WalkState } from "./core.js";
 import { fieldsAt, infoOf, recordAt, recordNamed } from "./decode.js";
 import type {
   End,
-  Event,
   FileHeaderInfo,
   MeasurementRecord,
   RecordCensus,
-  Settings,
 } from "./generated/fields.js";
 import { openSource, type Source } from "./source.js";
 import { zoneOf } from "./zone.js";
@@ -156,9 +154,9 @@ export class FileStory {
 
   note(record: MeasurementRecord): void {
     const runStart = 64;
-    if (record.record === "Settings") this.firstBlock ||= (record as Settings).BlockTime;
+    if (record.record === "Settings") this.firstBlock ||= record.BlockTime;
     if (record.record === "End") this.end = record;
-    if (record.record === "Event" && (record as Event).EventCode === runStart) {
+    if (record.record === "Event" && record.EventCode === runStart) {
       this.firstRun ||= record.RecordTime;
     }
   }

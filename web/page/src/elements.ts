@@ -18,13 +18,12 @@ export function element<K extends keyof HTMLElementTagNameMap>(
   return made;
 }
 
-const svgNames = "http://www.w3.org/2000/svg";
 export function drawing(
   name: string,
   attributes: Record<string, string | number>,
   ...children: Child[]
 ): SVGElement {
-  const made = document.createElementNS(svgNames, name) as SVGElement;
+  const made = document.createElementNS("http://www.w3.org/2000/svg", name);
   for (const [key, value] of Object.entries(attributes)) made.setAttribute(key, String(value));
   made.append(...children);
   return made;

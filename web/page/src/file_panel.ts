@@ -74,7 +74,7 @@ export class FilePanel {
       const opened = await this.during((tell) => asker.ask("open", { file: this.file, tz }, tell));
       this.content.replaceChildren(this.summary(opened));
       if (opened.kinds.length === 0) return;
-      this.content.append(await this.levels(asker, opened), this.records(asker, opened));
+      this.content.append(this.levels(asker, opened), this.records(asker, opened));
     } catch (error) {
       if (this.asker === asker) this.fail(error);
     }
@@ -137,7 +137,7 @@ export class FilePanel {
     return this.zone.name === "UTC" ? clock : `${clock} ${time.slice(19)}`;
   }
 
-  private async levels(asker: FileAsker, opened: Opened): Promise<HTMLElement> {
+  private levels(asker: FileAsker, opened: Opened): HTMLElement {
     const part = element("section", { class: "levels" }, element("h3", {}, texts.level));
     if (opened.series.length === 0) {
       part.append(element("p", {}, texts.noSeries));
@@ -157,7 +157,7 @@ export class FilePanel {
       part.dataset["samples"] = String(extent.samples);
       await plot.show(extent, choice.value);
     };
-    choice.addEventListener("change", () => void show().catch((error) => this.fail(error)));
+    choice.addEventListener("change", () => void show().catch((error: unknown) => this.fail(error)));
     const tools = element(
       "div",
       { class: "tools" },
@@ -171,7 +171,7 @@ export class FilePanel {
     );
     part.append(tools, plot.root, plot.reading, element("p", { class: "hint" }, texts.plotHelp));
     // The plot has its width once it stands in the page.
-    requestAnimationFrame(() => void show().catch((error) => this.fail(error)));
+    requestAnimationFrame(() => void show().catch((error: unknown) => this.fail(error)));
     return part;
   }
 
@@ -205,7 +205,7 @@ export class FilePanel {
       details.replaceChildren(element("p", { class: "hint" }, texts.pick));
       place.replaceChildren(new RecordTable(info, rows, this.zone, ask, choose).root);
     };
-    const update = (): void => void show().catch((error) => this.fail(error));
+    const update = (): void => void show().catch((error: unknown) => this.fail(error));
     const apply = (): void => {
       const start = instantOf(from.value, this.zone);
       const end = instantOf(to.value, this.zone);

@@ -213,6 +213,8 @@ export class LevelPlot {
     }
     const { from, to } = this.view();
     const side = to - from;
+    this.root.dataset["from"] = String(from);
+    this.root.dataset["to"] = String(to);
     this.isAsking = true;
     this.isStale = false;
     this.askWindow(from - side, to + side, 3 * this.points())

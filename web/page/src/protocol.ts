@@ -55,11 +55,9 @@ export interface Requests {
 }
 export type RequestName = keyof Requests;
 
-export interface Question {
-  id: number;
-  name: RequestName;
-  ask: Requests[RequestName]["ask"];
-}
+export type Question = {
+  [N in RequestName]: { id: number; name: N; ask: Requests[N]["ask"] };
+}[RequestName];
 export type Answer =
   | { id: number; give: unknown }
   | { id: number; fault: string }

@@ -27,8 +27,12 @@ export function valueText(field: FieldInfo, value: unknown, zone: Zone): string 
   if (field.kind === "time") return clockText(Number(value), zone) || texts.empty;
   const isDecibels = field.kind === "level" || field.kind === "dB";
   if (typeof value === "number" && isDecibels) return String(Math.round(value * 100) / 100);
-  if (Array.isArray(value)) return value.flat().map((one) => one ?? texts.empty).join(" ");
-  return String(value);
+  if (Array.isArray(value)) {
+    const all = value.flat() as (number | null)[];
+    return all.map((one) => one ?? texts.empty).join(" ");
+  }
+  if (typeof value === "number") return String(value);
+  return typeof value === "string" ? value : texts.empty;
 }
 
 function columnsOf(info: RecordInfo): FieldInfo[] {
@@ -77,15 +81,23 @@ export class RecordTable {
     return element("div", { class: "head", role: "rowgroup" }, row);
   }
 
-  // Where the list is taller than an element can be, a pixel stands for several.
-  private get stretch(): number {
-    return Math.max(1, (this.count * rowHeight) / tallest);
+  // Where the list is taller than an element can be, the scroll bar tells a share of it.
+  private get isTooTall(): boolean {
+    return this.count * rowHeight > tallest;
+  }
+  private scrollRange(): number {
+    return Math.max(1, this.root.scrollHeight - this.root.clientHeight);
+  }
+  private lastTop(): number {
+    return Math.max(1, this.count - this.visible() + 2);
   }
   private visible(): number {
     return Math.max(1, Math.ceil(this.root.clientHeight / rowHeight));
   }
   private firstVisible(): number {
-    const first = Math.floor((this.root.scrollTop * this.stretch) / rowHeight);
+    const first = this.isTooTall
+      ? Math.round((this.root.scrollTop / this.scrollRange()) * this.lastTop())
+      : Math.floor(this.root.scrollTop / rowHeight);
     return Math.max(0, Math.min(first, this.count - 1));
   }
 
@@ -98,10 +110,11 @@ export class RecordTable {
     const top = this.firstVisible();
     const first = Math.max(0, top - spare);
     const count = Math.min(this.count - first, this.visible() + 2 * spare);
+    const shift = this.isTooTall ? this.root.scrollTop - top * rowHeight : 0;
     this.isAsking = true;
     this.isStale = false;
     this.askRows(first, count)
-      .then((records) => this.draw(records, first, top))
+      .then((records) => this.draw(records, first, shift))
       .catch(() => undefined)
       .finally(() => {
         this.isAsking = false;
@@ -109,8 +122,7 @@ export class RecordTable {
       });
   }
 
-  private draw(records: MeasurementRecord[], first: number, top: number): void {
-    const shift = this.stretch === 1 ? 0 : this.root.scrollTop - top * rowHeight;
+  private draw(records: MeasurementRecord[], first: number, shift: number): void {
     const rows = records.map((record, i) => {
       const ordinal = first + i;
       const members = record as unknown as Record<string, unknown>;
@@ -162,7 +174,9 @@ export class RecordTable {
     const last = first + this.visible() - 3;
     if (this.chosen < first || this.chosen > last) {
       const target = this.chosen < first ? this.chosen : this.chosen - (last - first);
-      this.root.scrollTop = (target * rowHeight) / this.stretch;
+      this.root.scrollTop = this.isTooTall
+        ? Math.ceil((target / this.lastTop()) * this.scrollRange())
+        : target * rowHeight;
     }
     this.refresh();
   }

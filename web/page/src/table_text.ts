@@ -16,9 +16,9 @@ function columns(field: FieldInfo): string[] {
 }
 
 function cell(value: unknown): string {
-  if (value === null || value === undefined) return "";
   if (typeof value === "number") return String(value);
-  const text = String(value);
+  if (typeof value !== "string") return "";
+  const text = value;
   // A spreadsheet takes a text that begins so for a formula.
   const safe = /^[=+\-@\t\r]/.test(text) ? "'" + text : text;
   return /[",\r\n]/.test(safe) ? `"${safe.replaceAll('"', '""')}"` : safe;

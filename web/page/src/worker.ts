@@ -1,6 +1,6 @@
 // The worker of one file: answers one question after the other.
 import { Measurement } from "./measurement.js";
-import type { Answer, Question, RequestName, Requests } from "./protocol.js";
+import type { Answer, Question } from "./protocol.js";
 
 const post = (answer: Answer): void => self.postMessage(answer);
 let measurement: Measurement | undefined;
@@ -15,33 +15,31 @@ function teller(id: number): (progress: number) => void {
   };
 }
 
-async function answer({ id, name, ask }: Question): Promise<unknown> {
-  const asked = <N extends RequestName>(_: N): Requests[N]["ask"] => ask as Requests[N]["ask"];
-  const tell = teller(id);
-  if (name === "open") {
-    const { file, tz } = asked(name);
-    const opened = await Measurement.open(file, tz, tell);
+async function answer(question: Question): Promise<unknown> {
+  const tell = teller(question.id);
+  if (question.name === "open") {
+    const opened = await Measurement.open(question.ask.file, question.ask.tz, tell);
     measurement = opened.it;
     return opened.told;
   }
   if (measurement === undefined) throw new Error("no file is open");
-  switch (name) {
+  switch (question.name) {
     case "series":
-      return measurement.takeSeries(asked(name), tell);
+      return measurement.takeSeries(question.ask, tell);
     case "window": {
-      const { from, to, most } = asked(name);
+      const { from, to, most } = question.ask;
       return measurement.series.window(from, to, most);
     }
     case "filter": {
-      const { kind, filter } = asked(name);
+      const { kind, filter } = question.ask;
       return measurement.countOf(kind, filter, tell);
     }
     case "rows": {
-      const { kind, filter, from, count } = asked(name);
+      const { kind, filter, from, count } = question.ask;
       return measurement.rows(kind, filter, from, count);
     }
     case "download": {
-      const { kind, filter, format } = asked(name);
+      const { kind, filter, format } = question.ask;
       return measurement.download(kind, filter, format, tell);
     }
   }
