@@ -27,10 +27,10 @@ declare class FileReaderSync {
   readAsArrayBuffer(blob: Blob): ArrayBuffer;
 }
 
-const pieceSize = 1 << 20;
+const pieceSize = 1 << 22;
 const pieces = 4;
 
-// A file in a worker, by pieces of 1 MB, of which the ones used last are kept.
+// A file in a worker, by pieces of 4 MB, of which the ones used last are kept.
 function blobSource(name: string, blob: Blob): ByteSource {
   const reader = new FileReaderSync();
   const kept: { at: number; bytes: Uint8Array }[] = [];
