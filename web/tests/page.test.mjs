@@ -200,7 +200,19 @@ test("zoom and pan of levels, and the value under the pointer", async () => {
   await page.keyboard.press("0");
   assert.deepEqual(await view(), all);
 
+  await page.keyboard.press("+");
+  assert.notDeepEqual(await view(), all);
+  await plot.locator(".u-over").dblclick();
+  assert.deepEqual(await view(), all);
+
   const box = await plot.locator(".u-over").boundingBox();
+  await page.mouse.move(box.x + box.width / 2, box.y + 20);
+  await page.mouse.down();
+  await page.mouse.move(box.x + box.width - 5, box.y + 20, { steps: 4 });
+  await page.mouse.up();
+  const dragged = await view();
+  assert.ok(dragged.from > all.from && dragged.to <= all.to);
+  await page.keyboard.press("0");
   await page.mouse.move(box.x + 1, box.y + 20);
   const reading = await panel.locator(".reading").textContent();
   assert.equal(reading, `2024-10-26 22:00:00   ${intervals[0].LevelA.toFixed(1)} dB`);

@@ -53,6 +53,8 @@ export class LevelPlot {
   ) {
     new ResizeObserver(() => this.fit()).observe(this.root);
     this.root.addEventListener("keydown", (event) => this.onKey(event));
+    // Behind that of uPlot, which knows no more than what it draws.
+    this.root.addEventListener("dblclick", () => this.all());
     this.root.addEventListener("wheel", (event) => this.onWheel(event), { passive: false });
   }
 
@@ -120,7 +122,7 @@ export class LevelPlot {
     ctx.textAlign = "left";
     const { from, to } = this.view();
     const inView = this.marks.filter((mark) => mark.time >= from && mark.time <= to);
-    for (const mark of inView.length > mostMarks ? [] : inView) {
+    for (const [i, mark] of (inView.length > mostMarks ? [] : inView).entries()) {
       const x = plot.valToPos(mark.time, "x", true);
       ctx.beginPath();
       ctx.moveTo(x, bbox.top);
@@ -128,7 +130,7 @@ export class LevelPlot {
       ctx.stroke();
       if (inView.length <= mostNamedMarks) {
         const text = mark.code === 64 ? texts.runStart : texts.mark(mark.code);
-        ctx.fillText(text, x + 4, bbox.top + 12 * devicePixelRatio);
+        ctx.fillText(text, x + 4, bbox.top + (1 + (i % 3)) * 12 * devicePixelRatio);
       }
     }
     ctx.restore();

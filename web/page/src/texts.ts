@@ -40,7 +40,7 @@ export const texts = {
   samples: (count: number) => `${number.format(count)} samples`,
   noSeries: "This file holds no levels over time.",
   plotHelp:
-    "Drag to zoom, shift and drag or arrow keys to move, wheel or + and - to zoom, double click or 0 for all.",
+    "Drag, wheel, + and - zoom; arrow keys, shift and wheel move; double click or 0 shows all.",
   zoomIn: "Zoom in",
   zoomOut: "Zoom out",
   earlier: "Earlier",
