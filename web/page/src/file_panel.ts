@@ -1,0 +1,264 @@
+// All that is shown of one file.
+import { recordNamed } from "../../package/src/decode.js";
+import type { FileInfo, MeasurementRecord } from "../../package/src/index.js";
+import { instantOf, zoneOf, type Zone } from "./clock_text.js";
+import { element, freshId, labelled } from "./elements.js";
+import { FileAsker } from "./file_worker.js";
+import { LevelPlot } from "./level_plot.js";
+import type { Format, Opened, TimeFilter } from "./protocol.js";
+import { recordDetails } from "./record_details.js";
+import { RecordTable } from "./record_table.js";
+import { texts } from "./texts.js";
+
+function button(text: string, click: () => void, name = text): HTMLButtonElement {
+  return element("button", { type: "button", "aria-label": name, click }, text);
+}
+
+function options(names: string[], values = names): HTMLOptionElement[] {
+  return names.map((name, i) => element("option", { value: values[i]! }, name));
+}
+
+export class FilePanel {
+  readonly root: HTMLElement;
+  private readonly content = element("div", { class: "content" });
+  private readonly bar = element("progress", { max: 1, value: 0, "aria-label": texts.openFiles });
+  private readonly work = element("div", { class: "work", role: "status", hidden: true });
+  private asker: FileAsker | undefined;
+  private plot: LevelPlot | undefined;
+  private zone: Zone;
+
+  constructor(
+    private readonly file: File,
+    tz: string,
+    onClose: (panel: FilePanel) => void,
+  ) {
+    this.zone = zoneOf(tz);
+    const id = freshId();
+    const close = button("×", () => {
+      this.close();
+      onClose(this);
+    }, texts.close(file.name));
+    this.work.append(
+      element("span", {}, texts.reading(file.name)),
+      this.bar,
+      button(texts.cancel, () => this.cancel()),
+    );
+    this.root = element(
+      "section",
+      { class: "file", "aria-labelledby": id },
+      element("header", {}, element("h2", { id }, file.name), close),
+      this.work,
+      this.content,
+    );
+  }
+
+  close(): void {
+    this.asker?.end(texts.cancelled);
+    this.asker = undefined;
+    this.plot?.destroy();
+  }
+
+  private cancel(): void {
+    this.close();
+    this.work.hidden = true;
+    this.content.replaceChildren(element("p", { role: "alert" }, texts.cancelled));
+  }
+
+  /** Opens the file anew, in a zone. */
+  async open(tz: string): Promise<void> {
+    this.close();
+    this.zone = zoneOf(tz);
+    const asker = new FileAsker();
+    this.asker = asker;
+    try {
+      const opened = await this.during((tell) => asker.ask("open", { file: this.file, tz }, tell));
+      this.content.replaceChildren(this.summary(opened));
+      if (opened.kinds.length === 0) return;
+      this.content.append(this.levels(asker, opened), this.records(asker, opened));
+    } catch (error) {
+      if (this.asker === asker) this.fail(error);
+    }
+  }
+
+  // Shows progress once work takes longer than the blink of an eye.
+  private async during<T>(work: (tell: (share: number) => void) => Promise<T>): Promise<T> {
+    const blink = 150;
+    const timer = setTimeout(() => (this.work.hidden = false), blink);
+    this.bar.value = 0;
+    try {
+      return await work((share) => (this.bar.value = share));
+    } finally {
+      clearTimeout(timer);
+      this.work.hidden = true;
+    }
+  }
+
+  private fail(error: unknown): void {
+    const why = error instanceof Error ? error.message : String(error);
+    this.content.append(element("p", { class: "fault", role: "alert" }, `${texts.fault}: ${why}`));
+  }
+
+  private summary({ info, kinds, milliseconds }: Opened): HTMLElement {
+    const verdict = info.whole
+      ? texts.whole
+      : `${kinds.length === 0 ? texts.unreadable : texts.notWhole}: ${info.why ?? ""}`;
+    const facts: [string, string][] = [
+      [texts.facts.model, String(info.model)],
+      [texts.facts.serial, info.serial],
+      [texts.facts.firmware, info.firmware],
+      [texts.facts.mode, info.mode],
+      [texts.facts.form, info.form],
+      [texts.facts.titles, info.titles.join(" · ")],
+      [texts.facts.sites, info.sites > 0 ? String(info.sites) : ""],
+      [texts.facts.headerTime, this.shown(info.headerTime)],
+      [texts.facts.start, this.shown(info.start)],
+      [texts.facts.lastStop, this.shown(info.lastStop)],
+      [texts.facts.lastRecord, this.shown(info.lastRecord)],
+      [texts.facts.size, texts.bytes(info.size)],
+      [texts.facts.records, texts.count(info.records)],
+    ];
+    const isRead = kinds.length > 0;
+    const list = facts
+      .filter(([, value]) => value !== "" && isRead)
+      .map(([name, value]) => element("div", {}, element("dt", {}, name), element("dd", {}, value)));
+    const summary = element(
+      "div",
+      { class: "summary" },
+      element("p", { class: info.whole ? "whole" : "fault", role: "status" }, verdict),
+      element("dl", {}, ...list),
+    );
+    summary.dataset["milliseconds"] = milliseconds.toFixed(0);
+    return summary;
+  }
+
+  private shown(time: FileInfo["start"]): string {
+    if (time === null) return "";
+    const clock = time.slice(0, 19).replace("T", " ");
+    return this.zone.name === "UTC" ? clock : `${clock} ${time.slice(19)}`;
+  }
+
+  private levels(asker: FileAsker, opened: Opened): HTMLElement {
+    const part = element("section", { class: "levels" }, element("h3", {}, texts.level));
+    if (opened.series.length === 0) {
+      part.append(element("p", {}, texts.noSeries));
+      return part;
+    }
+    const plot = new LevelPlot(this.zone, opened.marks, (from, to, most) =>
+      asker.ask("window", { from, to, most }),
+    );
+    this.plot = plot;
+    const names = opened.series.map(({ kind, field }) => `${kind} ${field}`);
+    const choice = element("select", {}, ...options(names));
+    const samples = element("span", { class: "samples" });
+    const show = async (): Promise<void> => {
+      const chosen = opened.series[choice.selectedIndex]!;
+      const extent = await this.during((tell) => asker.ask("series", chosen, tell));
+      samples.textContent = texts.samples(extent.samples);
+      part.dataset["samples"] = String(extent.samples);
+      await plot.show(extent, choice.value);
+    };
+    choice.addEventListener("change", () => void show().catch((error: unknown) => this.fail(error)));
+    const tools = element(
+      "div",
+      { class: "tools" },
+      labelled(texts.series, choice),
+      samples,
+      button("+", () => plot.zoom(0.6), texts.zoomIn),
+      button("−", () => plot.zoom(1 / 0.6), texts.zoomOut),
+      button("←", () => plot.pan(-0.25), texts.earlier),
+      button("→", () => plot.pan(0.25), texts.later),
+      button(texts.all, () => plot.all()),
+    );
+    part.append(tools, plot.root, plot.reading, element("p", { class: "hint" }, texts.plotHelp));
+    // The plot has its width once it stands in the page.
+    requestAnimationFrame(() => void show().catch((error: unknown) => this.fail(error)));
+    return part;
+  }
+
+  private records(asker: FileAsker, opened: Opened): HTMLElement {
+    const kinds = opened.kinds;
+    const choice = element(
+      "select",
+      {},
+      ...options(
+        kinds.map(({ name, count }) => texts.kindCount(name, count)),
+        kinds.map(({ name }) => name),
+      ),
+    );
+    const from = element("input", { type: "datetime-local", step: 1 });
+    const to = element("input", { type: "datetime-local", step: 1 });
+    const count = element("span", { class: "rows", role: "status" });
+    const place = element("div");
+    const details = element("div", {}, element("p", { class: "hint" }, texts.pick));
+    let filter: TimeFilter = null;
+
+    const show = async (): Promise<void> => {
+      const kind = choice.value;
+      const asked = filter;
+      const rows = await this.during((tell) => asker.ask("filter", { kind, filter: asked }, tell));
+      const info = recordNamed(kind);
+      const choose = (record: MeasurementRecord): void =>
+        details.replaceChildren(recordDetails(info, record, this.zone));
+      const ask = (first: number, most: number): Promise<MeasurementRecord[]> =>
+        asker.ask("rows", { kind, filter: asked, from: first, count: most });
+      count.textContent = texts.rows(rows);
+      details.replaceChildren(element("p", { class: "hint" }, texts.pick));
+      place.replaceChildren(new RecordTable(info, rows, this.zone, ask, choose).root);
+    };
+    const update = (): void => void show().catch((error: unknown) => this.fail(error));
+    const apply = (): void => {
+      const start = instantOf(from.value, this.zone);
+      const end = instantOf(to.value, this.zone);
+      const isOpen = start === null && end === null;
+      filter = isOpen ? null : { from: start ?? -Infinity, to: end ?? Infinity };
+      if (filter !== null) filter = { from: Math.max(filter.from, -(2 ** 31)), to: Math.min(filter.to, 2 ** 31) };
+      update();
+    };
+    const clear = (): void => {
+      from.value = "";
+      to.value = "";
+      apply();
+    };
+    const save = (format: Format): void => void this.save(asker, choice.value, filter, format);
+    choice.addEventListener("change", update);
+    update();
+    return element(
+      "section",
+      { class: "records" },
+      element("h3", {}, texts.table),
+      element(
+        "div",
+        { class: "tools" },
+        labelled(texts.kind, choice),
+        labelled(texts.from, from),
+        labelled(texts.to, to),
+        button(texts.filter, apply),
+        button(texts.clear, clear),
+        count,
+        button(texts.csv, () => save("csv"), `${texts.download} ${texts.csv}`),
+        button(texts.jsonl, () => save("jsonl"), `${texts.download} ${texts.jsonl}`),
+      ),
+      place,
+      details,
+    );
+  }
+
+  private async save(
+    asker: FileAsker,
+    kind: string,
+    filter: TimeFilter,
+    format: Format,
+  ): Promise<void> {
+    try {
+      const blob = await this.during((tell) =>
+        asker.ask("download", { kind, filter, format }, tell),
+      );
+      const address = URL.createObjectURL(blob);
+      const name = `${this.file.name.replace(/\.[^.]*$/, "")}_${kind}.${format}`;
+      element("a", { href: address, download: name }).click();
+      setTimeout(() => URL.revokeObjectURL(address), 60_000);
+    } catch (error) {
+      if (this.asker === asker) this.fail(error);
+    }
+  }
+}
