@@ -126,8 +126,10 @@ class Samples:
     def table(self, rows: Rows) -> pa.Table:
         """The samples of the records, which go on where those before ended."""
         known = len(self._tail)
-        rows = np.concatenate([self._tail, rows])
-        series = _core.series(np.ascontiguousarray(rows).view(np.uint8)).view(SAMPLE)
+        # As bytes: of records NumPy would leave out what stands between the fields.
+        pieces = [np.ascontiguousarray(piece).view(np.uint8) for piece in (self._tail, rows)]
+        rows = np.concatenate(pieces).view(rows.dtype)
+        series = _core.series(rows.view(np.uint8)).view(SAMPLE)
         counts = np.minimum(rows["EntryCount"].astype(np.int64), _ENTRIES)
         begins = np.concatenate([[0], np.cumsum(counts)])
         begin = series["time"][np.minimum(begins[:-1], max(len(series) - 1, 0))].view(np.int64)

@@ -56,7 +56,7 @@ def open(dataset: str | os.PathLike[str]) -> "duckdb.DuckDBPyConnection":
     listed = _text(str(folder / NAME))
     connection.execute(
         "CREATE VIEW files AS SELECT * EXCLUDE (parts),"
-        " list_sum(list_transform(parts, part -> part.bytes)) AS parquet_bytes"
+        " list_sum([part.bytes for part in parts]) AS parquet_bytes"
         f" FROM read_parquet({listed})"
     )
     connection.execute(

@@ -27,6 +27,13 @@ class DatasetError(OSError):
     """The dataset cannot be written. It is no fault of a measurement file."""
 
 
+def _leaf(field: pa.Field) -> str:
+    path, kind = str(field.name), field.type
+    while pa.types.is_fixed_size_list(kind):
+        path, kind = f"{path}.list.element", kind.value_type
+    return path
+
+
 class _Writer:
     """A Parquet file of one kind and month whose rows stand in the order of time."""
 
@@ -34,9 +41,15 @@ class _Writer:
         place.parent.mkdir(parents=True, exist_ok=True)
         self._place = place
         self._beside = place.with_name(f".{place.name}")
-        order = [pq.SortingColumn(schema.get_field_index("time"))]
+        # Times that follow each other are small as differences.
+        times = [field.name for field in schema if pa.types.is_timestamp(field.type)]
         self._writer = pq.ParquetWriter(
-            self._beside, schema, compression="zstd", sorting_columns=order
+            self._beside,
+            schema,
+            compression="zstd",
+            sorting_columns=[pq.SortingColumn(schema.get_field_index("time"))],
+            use_dictionary=[_leaf(field) for field in schema if field.name not in times],
+            column_encoding=dict.fromkeys(times, "DELTA_BINARY_PACKED"),
         )
         self._waiting: list[pa.Table] = []
         self._bytes = 0
