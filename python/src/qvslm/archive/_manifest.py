@@ -171,7 +171,7 @@ def locked(dataset: Path) -> Iterator[None]:
     import fcntl
 
     dataset.mkdir(parents=True, exist_ok=True)
-    with (dataset / ".lock").open("w") as lock:
+    with (dataset / ".lock").open("a") as lock:
         try:
             fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
         except BlockingIOError:

@@ -78,7 +78,7 @@ def energy_means(
     instrument with one length do; records without a level are left out.
     """
     percentiles = ", ".join(
-        f"quantile_cont({_name(level)}, {1 - share / 100}) AS L{share}" for share in _LEVELS
+        f"quantile_cont({_name(level)}::DOUBLE, {1 - share / 100}) AS L{share}" for share in _LEVELS
     )
     return connection.sql(
         f"SELECT instrument, date_trunc({_text(each)}, time) AS {_name(each)}, count(*) AS records,"
