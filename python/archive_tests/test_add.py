@@ -182,9 +182,7 @@ def test_killed_at_twenty_moments(tmp_path: Path) -> None:
     assert {path for path in there if path.endswith(".parquet")} == named
 
 
-def test_command(
-    files: list[Path], tmp_path: Path, capsys: pytest.CaptureFixture[str]
-) -> None:
+def test_command(files: list[Path], tmp_path: Path, capsys: pytest.CaptureFixture[str]) -> None:
     arguments = ["archive", "add", str(files[0]), "--to", str(tmp_path / "d"), "--processes", "1"]
     assert command.main(arguments) == 0
     assert "1 new, 0 changed, 0 gone, 0 as before; 0 broken" in capsys.readouterr().out

@@ -236,9 +236,7 @@ class _Reader(DataSourceReader):
 
 
 def _cast(table: pa.Table, schema: pa.Schema) -> pa.Table:
-    arrays = [
-        column.cast(field.type) for column, field in zip(table.columns, schema, strict=True)
-    ]
+    arrays = [column.cast(field.type) for column, field in zip(table.columns, schema, strict=True)]
     return pa.Table.from_arrays(arrays, schema=schema)
 
 

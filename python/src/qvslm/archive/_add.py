@@ -144,7 +144,7 @@ def _translated(
     waiting = sorted(todo, key=lambda item: item[2])
     while waiting:
         running: dict[Future[File], tuple[str, str, int]] = {}
-        lost = []
+        lost: list[tuple[str, str, int]] = []
         pool = _pool(processes)
         try:
             while (waiting or running) and not lost:

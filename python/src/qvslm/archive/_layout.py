@@ -32,6 +32,12 @@ def _time_type(tz: str | None, unit: str) -> pa.DataType:
     return pa.timestamp(unit, tz=tz)
 
 
+def _in_milliseconds(kind: pa.DataType) -> pa.DataType:
+    if pa.types.is_fixed_size_list(kind):
+        return pa.list_(_in_milliseconds(kind.value_type), kind.list_size)
+    return _time_type(kind.tz, "ms") if pa.types.is_timestamp(kind) else kind
+
+
 def _seconds(info: Info) -> int:
     if info.start is None:
         return 0
@@ -80,10 +86,8 @@ def records_table(
         record = dataclasses.replace(record, fields=wanted)
     table = _frames.to_arrow(record, rows, tz)
     heads = [pa.field("file", pa.string()), pa.field("time", times.type)]
-    fields = [
-        field.with_type(_time_type(tz, "ms")) if pa.types.is_timestamp(field.type) else field
-        for field in table.schema
-    ]
+    # Parquet knows no seconds.
+    fields = [field.with_type(_in_milliseconds(field.type)) for field in table.schema]
     table = table.cast(pa.schema(fields))
     return pa.Table.from_arrays(
         [_files(path, len(rows)), times, *table.columns], schema=pa.schema([*heads, *fields])

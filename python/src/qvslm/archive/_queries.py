@@ -44,8 +44,8 @@ def open(dataset: str | os.PathLike[str]) -> "duckdb.DuckDBPyConnection":
         if parts:
             listed = ", ".join(map(_text, parts))
             connection.execute(
-                f"CREATE VIEW {_name(kind)} AS SELECT * EXCLUDE (kind) FROM read_parquet([{listed}],"
-                " hive_partitioning = true,"
+                f"CREATE VIEW {_name(kind)} AS SELECT * EXCLUDE (kind)"
+                f" FROM read_parquet([{listed}], hive_partitioning = true,"
                 " hive_types = {kind: VARCHAR, instrument: VARCHAR, month: VARCHAR})"
             )
         else:
@@ -80,8 +80,12 @@ def energy_means(
     percentiles = ", ".join(
         f"quantile_cont({_name(level)}::DOUBLE, {1 - share / 100}) AS L{share}" for share in _LEVELS
     )
+    begin = f"date_trunc({_text(each)}, time)"
+    if each in ("hour", "minute"):
+        # An hour that comes twice at the end of daylight time is two hours.
+        begin = f"time - (time::TIMESTAMP - date_trunc({_text(each)}, time::TIMESTAMP))"
     return connection.sql(
-        f"SELECT instrument, date_trunc({_text(each)}, time) AS {_name(each)}, count(*) AS records,"
+        f"SELECT instrument, {begin} AS {_name(each)}, count(*) AS records,"
         f" 10 * log10(avg(pow(10, {_name(level)}::DOUBLE / 10))) AS Leq, {percentiles}"
         f" FROM {_name(records)} WHERE {_name(level)} IS NOT NULL"
         " GROUP BY ALL ORDER BY ALL"

@@ -1,6 +1,7 @@
 """One measurement file as Parquet files of a dataset."""
 
 import hashlib
+import itertools
 import os
 import time
 import uuid
@@ -100,7 +101,7 @@ class _Parts:
             table, keys = table.take(order), keys[order]
         months = _layout.months(table)
         starts = [0, *(np.flatnonzero(months[1:] != months[:-1]) + 1).tolist(), len(keys)]
-        for start, end in zip(starts, starts[1:], strict=False):
+        for start, end in itertools.pairwise(starts):
             piece = table.slice(start, end - start)
             writer = self._writer(kind, str(months[start]), int(keys[start]), table.schema)
             writer.add(piece, int(keys[end - 1]))
@@ -170,7 +171,8 @@ def _write(path: str, name: str, parts: _Parts, info: Info, tz: str | None) -> l
 def translate(path: str, name: str, dataset: str, tz: str | None) -> File:
     """Writes the rows of a measurement file into a dataset, and tells what became of it.
 
-    No fault of a file raises, but ``DatasetError`` does. Nothing of it counts until a manifest names it.
+    No fault of a file raises, but ``DatasetError`` does. Nothing of it counts until a manifest
+    names it.
     """
     row = File(name, 0, 0, "", UNREADABLE, "")
     try:
