@@ -5,17 +5,25 @@ from pathlib import Path
 
 import numpy as np
 import pytest
+from conftest import write_files
 from numpy.typing import NDArray
 
 import qvslm
 from qvslm import archive
 
 
-@pytest.fixture
-def dataset(files: list[Path], tmp_path: Path) -> Path:
+@pytest.fixture(scope="module")
+def files(tmp_path_factory: pytest.TempPathFactory) -> list[Path]:
+    """The sixty files, of which no test changes one."""
+    return write_files(tmp_path_factory.mktemp("archive") / "files")
+
+
+@pytest.fixture(scope="module")
+def dataset(files: list[Path]) -> Path:
     """The dataset of the sixty files."""
-    archive.add(tmp_path / "files", tmp_path / "dataset", processes=2)
-    return tmp_path / "dataset"
+    folder = files[0].parents[2]
+    archive.add(folder / "files", folder / "dataset", processes=2)
+    return folder / "dataset"
 
 
 def _intervals(files: list[Path]) -> dict[str, tuple[NDArray[np.datetime64], NDArray[np.float64]]]:

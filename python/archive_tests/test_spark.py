@@ -146,22 +146,24 @@ from test_spark import load, session
 spark = session("local-cluster[2,1,512]")
 frame = load(spark, sys.argv[1], records="Samples", columns="level", partition_bytes=60000)
 print("partitions", frame.rdd.getNumPartitions(), flush=True)
-print("rows", frame.count(), flush=True)
+print("rows", frame.union(frame).union(frame).count(), flush=True)
 """
 
 
 def _executors(process: int) -> list[int]:
     """The executors below a process."""
-    own, found = {process}, []
     table = subprocess.run(
-        ["ps", "-eo", "pid=,ppid=,args=", "--sort=pid"], capture_output=True, text=True, check=True
+        ["ps", "-eo", "pid=,ppid=,args="], capture_output=True, text=True, check=True
     )
-    for line in table.stdout.splitlines():
-        pid, parent, command = line.split(None, 2)
-        if int(parent) in own:
-            own.add(int(pid))
-            if "CoarseGrainedExecutorBackend" in command:
-                found.append(int(pid))
+    processes = [line.split(None, 2) for line in table.stdout.splitlines()]
+    parents = {int(pid): int(parent) for pid, parent, *_ in processes}
+    found = []
+    for pid, _, *command in processes:
+        ancestor = int(pid)
+        while ancestor in parents and ancestor != process:
+            ancestor = parents[ancestor]
+        if ancestor == process and "CoarseGrainedExecutorBackend" in "".join(command):
+            found.append(int(pid))
     return found
 
 
@@ -183,6 +185,6 @@ def test_a_worker_of_a_cluster_is_killed(files: list[Path], tmp_path: Path) -> N
     time.sleep(2)
     os.kill(own[0], signal.SIGKILL)
     rows = run.stdout.readline()
-    assert rows == f"rows {expected}\n", (tmp_path / "log").read_text()[-3000:]
+    assert rows == f"rows {3 * expected}\n", (tmp_path / "log").read_text()[-3000:]
     assert run.wait(60) == 0
     assert "Lost task" in (tmp_path / "log").read_text()
