@@ -145,26 +145,19 @@ import sys
 from test_spark import load, session
 spark = session("local-cluster[2,1,512]")
 frame = load(spark, sys.argv[1], records="Samples", columns="level", partition_bytes=60000)
-print("partitions", frame.rdd.getNumPartitions(), flush=True)
+print(spark.sparkContext.applicationId, flush=True)
 print("rows", frame.union(frame).union(frame).count(), flush=True)
 """
 
 
-def _executors(process: int) -> list[int]:
-    """The executors below a process."""
-    table = subprocess.run(
-        ["ps", "-eo", "pid=,ppid=,args="], capture_output=True, text=True, check=True
+def _executors(application: str) -> list[int]:
+    found = subprocess.run(
+        ["pgrep", "-f", f"CoarseGrainedExecutorBackend.*{application}"],
+        capture_output=True,
+        text=True,
+        check=False,
     )
-    processes = [line.split(None, 2) for line in table.stdout.splitlines()]
-    parents = {int(pid): int(parent) for pid, parent, *_ in processes}
-    found = []
-    for pid, _, *command in processes:
-        ancestor = int(pid)
-        while ancestor in parents and ancestor != process:
-            ancestor = parents[ancestor]
-        if ancestor == process and "CoarseGrainedExecutorBackend" in "".join(command):
-            found.append(int(pid))
-    return found
+    return [int(line) for line in found.stdout.split()]
 
 
 def test_a_worker_of_a_cluster_is_killed(files: list[Path], tmp_path: Path) -> None:
@@ -177,12 +170,13 @@ def test_a_worker_of_a_cluster_is_killed(files: list[Path], tmp_path: Path) -> N
         text=True,
     )
     assert run.stdout is not None
-    assert run.stdout.readline().startswith("partitions")
+    application = run.stdout.readline().strip()
+    assert application.startswith("app-")
     deadline = time.monotonic() + 60
-    while len(own := _executors(run.pid)) < 2:
+    while len(own := _executors(application)) < 2:
         assert time.monotonic() < deadline, (tmp_path / "log").read_text()
         time.sleep(0.1)
-    time.sleep(2)
+    time.sleep(5)
     os.kill(own[0], signal.SIGKILL)
     rows = run.stdout.readline()
     assert rows == f"rows {3 * expected}\n", (tmp_path / "log").read_text()[-3000:]
