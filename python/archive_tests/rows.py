@@ -1,0 +1,85 @@
+"""The rows of files as a dataset must hold them, by way of ``qvslm.read``."""
+
+from collections import defaultdict
+from collections.abc import Iterable
+from pathlib import Path
+
+import numpy as np
+import pyarrow as pa
+import pyarrow.parquet as pq
+
+import qvslm
+from qvslm.archive import Manifest
+
+Tables = dict[tuple[str, str], pa.Table]
+
+
+def in_order(table: pa.Table) -> pa.Table:
+    """By time; rows of one time stay as they stood."""
+    keys = table.column("time").cast(pa.int64()).fill_null(0).to_numpy()
+    return table.take(np.argsort(keys, kind="stable")).combine_chunks()
+
+
+def rows_of_dataset(dataset: Path) -> Tables:
+    """The rows of each file and kind, from the Parquet files that the manifest names."""
+    pieces: dict[tuple[str, str], list[pa.Table]] = defaultdict(list)
+    manifest = Manifest.load(dataset)
+    for file in manifest.files.values():
+        for part in file.parts:
+            table = pq.read_table(dataset / part.path, partitioning=None)
+            assert table.num_rows == part.rows
+            keys = table.column("time").cast(pa.int64()).fill_null(0).to_numpy()
+            assert (np.diff(keys) >= 0).all()
+            assert set(table.column("file").to_pylist()) <= {file.path}
+            pieces[file.path, part.kind].append(table)
+        assert file.rows == sum(part.rows for part in file.parts)
+    return {key: in_order(pa.concat_tables(tables)) for key, tables in pieces.items()}
+
+
+def assert_rows_are_those_of(
+    dataset: Path, paths: Iterable[Path], tz: str | None = None, others: bool = False
+) -> None:
+    """Each value of each record of the files stands in the dataset once, and nothing else does.
+
+    With ``others`` the dataset may hold other files.
+    """
+    paths = list(paths)
+    found = rows_of_dataset(dataset)
+    for path in paths:
+        try:
+            measurement = qvslm.read(path, tz=tz)
+        except qvslm.Error:
+            continue
+        for kind in measurement:
+            own = measurement.to_arrow(kind)
+            table = found.pop((str(path), kind))
+            assert table.num_rows == own.num_rows, (path, kind)
+            times = table.column("time")
+            record = own.append_column("time", own.column(0))
+            for name in ("RecordTime", "BlockTime", "StopTime"):
+                if name in own.schema.names:
+                    record = own.append_column("time", own.column(name))
+                    break
+            if record.column("time").type == pa.timestamp("s", tz):
+                start = measurement.info.start
+                filled = record.column("time").fill_null(
+                    pa.scalar(start, record.column("time").type)
+                )
+                record = in_order(record.set_column(record.num_columns - 1, "time", filled))
+                assert times.equals(record.column("time").cast(times.type)), (path, kind)
+            for name in own.schema.names:
+                column = table.column(name)
+                assert column.equals(record.column(name).cast(column.type)), (path, kind, name)
+        series = measurement.samples()
+        if len(series):
+            samples = found.pop((str(path), "Samples"))
+            order = np.argsort(series["time"], kind="stable")
+            for name in ("level", "second", "mark", "detail"):
+                own_values = pa.chunked_array([series[name][order].copy()])
+                if name in ("level", "second"):
+                    own_values = pa.chunked_array([pa.array(series[name][order], from_pandas=True)])
+                assert samples.column(name).equals(own_values), (path, name)
+            stamps = samples.column("time").cast(pa.int64()).fill_null(0).to_numpy()
+            assert (stamps == series["time"][order].astype(np.int64)).all(), path
+    named = {str(path) for path in paths}
+    assert not [key for key in found if not others or key[0] in named]

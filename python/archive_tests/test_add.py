@@ -1,0 +1,205 @@
+"""Files become a dataset, once, whatever happens."""
+
+import os
+import random
+import signal
+import subprocess
+import sys
+from pathlib import Path
+
+import pyarrow.parquet as pq
+import pytest
+from conftest import CUT, write_files
+from rows import assert_rows_are_those_of
+
+from qvslm import __main__ as command
+from qvslm import archive
+from qvslm.archive import Manifest, _add, _layout, _translate
+
+BERLIN = "Europe/Berlin"
+
+
+def _state(dataset: Path) -> dict[str, tuple[int, int]]:
+    paths = [path for path in dataset.rglob("*") if path.is_file()]
+    return {str(path): (path.stat().st_mtime_ns, path.stat().st_size) for path in paths}
+
+
+def _add_all(folder: Path, dataset: Path) -> archive.Report:
+    return archive.add(folder, dataset, processes=2)
+
+
+def test_sixty_files_and_a_rerun(files: list[Path], tmp_path: Path) -> None:
+    dataset = tmp_path / "dataset"
+    report = _add_all(tmp_path / "files", dataset)
+    assert (report.new, report.changed, report.gone, report.unchanged) == (60, 0, 0, 0)
+    assert {Path(file.path) for file in report.broken} >= {files[number] for number in CUT}
+    assert_rows_are_those_of(dataset, files)
+    before = _state(dataset)
+    again = _add_all(tmp_path / "files", dataset)
+    assert (again.new, again.changed, again.gone, again.unchanged) == (0, 0, 0, 60)
+    assert _state(dataset) == before
+
+
+def test_a_cut_file_gives_what_it_holds(files: list[Path], tmp_path: Path) -> None:
+    path = files[CUT[0]]
+    archive.add([path], tmp_path / "dataset", processes=1)
+    (broken,) = Manifest.load(tmp_path / "dataset").broken()
+    assert broken.status == "broken"
+    assert broken.offset is not None
+    assert 0 < broken.offset <= path.stat().st_size
+    assert broken.reason
+    assert broken.rows > 0
+
+
+def test_changed_removed_and_touched_files(files: list[Path], tmp_path: Path) -> None:
+    dataset = tmp_path / "dataset"
+    _add_all(tmp_path / "files", dataset)
+    files[4].write_bytes(files[4].read_bytes()[:-400])
+    files[5].unlink()
+    os.utime(files[6], (1, 1))
+    (tmp_path / "files" / "notes.txt").write_text("no measurement")
+    report = _add_all(tmp_path / "files", dataset)
+    assert (report.new, report.changed, report.gone, report.unchanged) == (1, 1, 1, 58)
+    assert [(file.status, file.rows) for file in report.broken if file.rows == 0] == [
+        ("unreadable", 0)
+    ]
+    assert_rows_are_those_of(dataset, [path for path in files if path.exists()])
+    assert _add_all(tmp_path / "files", dataset).swept > 0
+
+
+def test_an_empty_folder_is_not_taken_for_a_city_without_noise(
+    files: list[Path], tmp_path: Path
+) -> None:
+    dataset = tmp_path / "dataset"
+    archive.add(files[0].parent, dataset, processes=1)
+    before = _state(dataset)
+    for path in files[0].parent.iterdir():
+        path.unlink()
+    with pytest.raises(FileNotFoundError, match="mounted"):
+        archive.add(files[0].parent, dataset, processes=1)
+    assert _state(dataset) == before
+
+
+def test_a_zone_holds_for_the_dataset(files: list[Path], tmp_path: Path) -> None:
+    paths = [path for path in files if "night_europe" in path.name]
+    archive.add(paths, tmp_path / "dataset", tz=BERLIN, processes=1)
+    assert_rows_are_those_of(tmp_path / "dataset", paths, BERLIN)
+    with pytest.raises(ValueError, match="America"):
+        archive.add(paths, tmp_path / "dataset", tz="America/Denver", processes=1)
+    # The last record of the night begins in the 28th of October by the clock of the place.
+    part = next(p for p in Manifest.load(tmp_path / "dataset").parts("Interval"))
+    assert "month=2024-10" in part.path
+
+
+def test_batches_give_what_the_whole_gives(
+    files: list[Path], tmp_path: Path, monkeypatch: pytest.MonkeyPatch
+) -> None:
+    monkeypatch.setattr(_translate, "BATCH", 7)
+    monkeypatch.setattr(_translate, "GROUP_ROWS", 50)
+    dataset = tmp_path / "dataset"
+    paths = [path for path in files[:26] if path.stat().st_size < 60_000]
+    manifest = Manifest()
+    for path in paths:
+        row = _translate.translate(str(path), str(path), str(dataset), None)
+        manifest.files[row.path] = row
+    manifest.commit(dataset)
+    assert_rows_are_those_of(dataset, paths)
+
+
+def test_a_folder_that_cannot_be_written_is_no_fault_of_a_file(
+    files: list[Path], tmp_path: Path, monkeypatch: pytest.MonkeyPatch
+) -> None:
+    def fail(*_: object) -> None:
+        raise OSError("no room")
+
+    monkeypatch.setattr(_translate._Parts, "add", fail)
+    with pytest.raises(_translate.DatasetError, match="no room"):
+        _translate.translate(str(files[0]), "a", str(tmp_path / "dataset"), None)
+
+
+def _die(path: str, name: str, dataset: str, tz: str | None) -> archive.File:
+    if "13_" in path:
+        os._exit(9)
+    return _translate.translate(path, name, dataset, tz)
+
+
+def test_a_worker_that_dies_costs_its_file_alone(
+    files: list[Path], tmp_path: Path, monkeypatch: pytest.MonkeyPatch
+) -> None:
+    monkeypatch.setattr(_add, "translate", _die)
+    report = archive.add(files[10:16], tmp_path / "dataset", processes=2)
+    assert report.new == 6
+    (dead,) = [file for file in report.broken if "died" in file.reason]
+    assert dead.path == str(files[13])
+
+
+def test_one_run_at_a_time(files: list[Path], tmp_path: Path) -> None:
+    from qvslm.archive import _manifest
+
+    with _manifest.locked(tmp_path / "dataset"), pytest.raises(BlockingIOError):
+        archive.add(files[:1], tmp_path / "dataset", processes=1)
+
+
+_CHILD = """
+import sys
+from qvslm.archive import _add
+_add._COMMIT_SECONDS = 0.02
+from qvslm.__main__ import main
+if __name__ == "__main__":
+    sys.exit(main(["archive", "add", sys.argv[1], "--to", sys.argv[2], "--processes", "2"]))
+"""
+
+
+def test_killed_at_twenty_moments(tmp_path: Path) -> None:
+    paths = write_files(tmp_path / "files", 40)
+    dataset = tmp_path / "dataset"
+    child = tmp_path / "child.py"
+    child.write_text(_CHILD)
+    moments = random.Random(16)
+    kills = 0
+    while kills < 20:
+        run = subprocess.Popen(
+            [sys.executable, child, tmp_path / "files", dataset], stderr=subprocess.DEVNULL
+        )
+        try:
+            run.wait(moments.uniform(0.3, 2.5))
+        except subprocess.TimeoutExpired:
+            run.send_signal(signal.SIGKILL)
+            run.wait()
+            kills += 1
+        if (dataset / "manifest.parquet").exists():
+            files = Manifest.load(dataset).files
+            # A file that changed may still stand there as it was before.
+            same = [path for path in paths if str(path) in files]
+            same = [path for path in same if files[str(path)].size == path.stat().st_size]
+            assert_rows_are_those_of(dataset, same, others=True)
+            if len(same) == len(paths):
+                # All is there: something changes, so that there is something to do.
+                for path in moments.sample(paths, 20):
+                    path.write_bytes(path.read_bytes()[:-8])
+    _add_all(tmp_path / "files", dataset)
+    assert_rows_are_those_of(dataset, paths)
+    named = {part.path for part in Manifest.load(dataset).parts()}
+    _add_all(tmp_path / "files", dataset)
+    there = {path.relative_to(dataset).as_posix() for path in (dataset / "records").rglob("*.*")}
+    assert {path for path in there if path.endswith(".parquet")} == named
+
+
+def test_command(files: list[Path], tmp_path: Path, capsys: pytest.CaptureFixture[str]) -> None:
+    arguments = ["archive", "add", str(files[0]), "--to", str(tmp_path / "d"), "--processes", "1"]
+    assert command.main(arguments) == 0
+    assert "1 new, 0 changed, 0 gone, 0 as before; 0 broken" in capsys.readouterr().out
+    assert command.main(["archive", "add", str(files[3]), "--to", str(tmp_path / "d")]) == 3
+    assert str(files[3]) in capsys.readouterr().err
+    assert command.main(["archive", "add", "/nowhere", "--to", str(tmp_path / "d")]) == 1
+
+
+def test_layout(files: list[Path], tmp_path: Path) -> None:
+    archive.add(files[:8], tmp_path / "dataset", processes=1)
+    for part in Manifest.load(tmp_path / "dataset").parts():
+        path = tmp_path / "dataset" / part.path
+        group = pq.read_metadata(path).row_group(0)
+        assert group.column(0).compression == "ZSTD"
+        assert group.column(1).statistics.has_min_max
+        assert [column.column_index for column in group.sorting_columns] == [1]
+        assert pq.read_schema(path).equals(_layout.schema(part.kind, None))

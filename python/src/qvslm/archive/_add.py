@@ -1,0 +1,278 @@
+"""Adds measurement files to a dataset: what is new, changed and gone, on all cores."""
+
+import multiprocessing
+import os
+import sys
+import threading
+import time
+from collections.abc import Callable, Iterable, Iterator
+from concurrent.futures import FIRST_COMPLETED, Future, ProcessPoolExecutor, wait
+from concurrent.futures.process import BrokenProcessPool
+from dataclasses import dataclass, field
+from pathlib import Path
+from typing import TextIO
+
+from .. import _zones
+from . import _manifest
+from ._manifest import UNREADABLE, File, Manifest
+from ._translate import fingerprint, shown, translate
+
+_COMMIT_SECONDS = 20.0
+_SHOW_SECONDS = 0.5
+
+Source = str | os.PathLike[str]
+
+
+@dataclass
+class Report:
+    """What a run did."""
+
+    new: int = 0
+    changed: int = 0
+    gone: int = 0
+    unchanged: int = 0
+    rows: int = 0
+    """Written by this run."""
+    bytes: int = 0
+    """Of the measurement files that were translated."""
+    swept: int = 0
+    """Parquet files that no manifest named, left by a run that was stopped, or replaced."""
+    broken: list[File] = field(default_factory=list)
+    """Of the files translated by this run."""
+    seconds: float = 0.0
+
+
+@dataclass
+class _Plan:
+    todo: list[tuple[str, str, int]] = field(default_factory=list)
+    """Path, its name in the dataset, bytes."""
+    gone: list[str] = field(default_factory=list)
+    touched: list[tuple[str, int, int]] = field(default_factory=list)
+    """Name, size and time of files whose bytes are as they were."""
+
+
+def _found(root: Path, pattern: str, dataset: Path) -> Iterator[Path]:
+    if root.is_file():
+        yield root
+        return
+    if not root.is_dir():
+        raise FileNotFoundError(f"{root} is neither a file nor a folder")
+    for path in root.rglob(pattern):
+        if path.is_file() and dataset not in path.parents:
+            yield path
+
+
+def _is_below(name: str, root: str) -> bool:
+    return name == root or name.startswith(root.rstrip("/") + "/")
+
+
+def _plan(
+    sources: Iterable[Source], pattern: str, dataset: Path, manifest: Manifest, report: Report
+) -> _Plan:
+    plan = _Plan()
+    for source in sources:
+        root = Path(os.path.abspath(source))  # noqa: PTH100 (a link stays what it is called)
+        known = {name for name in manifest.files if _is_below(name, shown(str(root)))}
+        paths = {shown(str(path)): path for path in _found(root, pattern, dataset)}
+        if known and not paths:
+            raise FileNotFoundError(
+                f"{root} is empty, but the dataset holds {len(known)} files of it: is it mounted?"
+            )
+        plan.gone += sorted(known - paths.keys())
+        for name, path in sorted(paths.items()):
+            facts = path.stat()
+            old = manifest.files.get(name)
+            if old is None or not old.fingerprint:
+                # Of a file that could not be read there is no fingerprint: it is tried again.
+                plan.todo.append((str(path), name, facts.st_size))
+            elif (old.size, old.modified) == (facts.st_size, facts.st_mtime_ns):
+                report.unchanged += 1
+            elif old.size == facts.st_size and old.fingerprint == fingerprint(str(path)):
+                plan.touched.append((name, facts.st_size, facts.st_mtime_ns))
+                report.unchanged += 1
+            else:
+                plan.todo.append((str(path), name, facts.st_size))
+    plan.todo = sorted(set(plan.todo))
+    plan.gone = sorted(set(plan.gone))
+    return plan
+
+
+# Workers -----------------------------------------------------------------------------------------
+
+
+def _end_with_parent() -> None:
+    """A worker whose parent was killed would write on for nobody."""
+    parent = multiprocessing.parent_process()
+    if parent is None:
+        return
+
+    def watch() -> None:
+        parent.join()
+        os._exit(1)
+
+    threading.Thread(target=watch, daemon=True).start()
+
+
+def _pool(processes: int) -> ProcessPoolExecutor:
+    return ProcessPoolExecutor(
+        processes, multiprocessing.get_context("spawn"), initializer=_end_with_parent
+    )
+
+
+def _alone(path: str, name: str, dataset: str, tz: str | None) -> File:
+    """Translates a file whose worker may have died of it."""
+    with _pool(1) as pool:
+        try:
+            return pool.submit(translate, path, name, dataset, tz).result()
+        except BrokenProcessPool:
+            facts = Path(path).stat()
+            return File(
+                name,
+                facts.st_size,
+                facts.st_mtime_ns,
+                "",
+                UNREADABLE,
+                "the process that translated the file died",
+            )
+
+
+def _translated(
+    todo: list[tuple[str, str, int]], dataset: str, tz: str | None, processes: int
+) -> Iterator[File]:
+    """The files in the order in which they are done. A dead worker costs its file alone."""
+    # The largest first: no long one is left for the end.
+    waiting = sorted(todo, key=lambda item: item[2])
+    while waiting:
+        running: dict[Future[File], tuple[str, str, int]] = {}
+        lost: list[tuple[str, str, int]] = []
+        pool = _pool(processes)
+        try:
+            while (waiting or running) and not lost:
+                while waiting and len(running) < 2 * processes:
+                    item = waiting.pop()
+                    running[pool.submit(translate, item[0], item[1], dataset, tz)] = item
+                for future in wait(running, return_when=FIRST_COMPLETED).done:
+                    item = running.pop(future)
+                    try:
+                        yield future.result()
+                    except BrokenProcessPool:
+                        lost.append(item)
+        except BrokenProcessPool:
+            lost.append(item)
+        finally:
+            pool.shutdown(wait=True, cancel_futures=True)
+        for path, name, _ in [*lost, *running.values()]:
+            yield _alone(path, name, dataset, tz)
+
+
+# Progress ----------------------------------------------------------------------------------------
+
+
+class _Progress:
+    """A line on a terminal: rate, and time left."""
+
+    def __init__(self, plan: _Plan, out: TextIO) -> None:
+        self._out = out
+        self._is_on = out.isatty() and bool(plan.todo)
+        self._files = len(plan.todo)
+        self._bytes = sum(item[2] for item in plan.todo)
+        self._begin = self._shown = time.monotonic()
+
+    def show(self, files: int, done: int, broken: int) -> None:
+        now = time.monotonic()
+        if not self._is_on or (now - self._shown < _SHOW_SECONDS and files < self._files):
+            return
+        self._shown = now
+        spent = max(now - self._begin, 1e-3)
+        left = round(spent * (self._bytes - done) / max(done, 1))
+        self._out.write(
+            f"\r{files}/{self._files} files, {files / spent:.1f} files/s, "
+            f"{done / spent / 1e6:.1f} MB/s, {left // 3600}:{left // 60 % 60:02}:{left % 60:02} "
+            f"left, {broken} broken  "
+        )
+        self._out.flush()
+
+    def close(self) -> None:
+        if self._is_on:
+            self._out.write("\n")
+
+
+def _load(dataset: Path, tz: str | None) -> Manifest:
+    try:
+        manifest = Manifest.load(dataset)
+    except FileNotFoundError:
+        _zones.changes(tz)
+        return Manifest(tz)
+    if tz is not None and tz != manifest.tz:
+        raise ValueError(f"the times of {dataset} are those of {manifest.tz}, not of {tz}")
+    return manifest
+
+
+def add(
+    sources: Source | Iterable[Source],
+    to: Source,
+    *,
+    tz: str | None = None,
+    pattern: str = "*",
+    processes: int | None = None,
+    tell: Callable[[File], None] | None = None,
+) -> Report:
+    """Brings a dataset up to date with measurement files, and folders of them.
+
+    Files that are new or changed are translated, the rows of files that are gone from these
+    folders leave the dataset, and files known already cost a look at their size and time. ``tz`` is
+    the zone of the measurements and holds for the whole dataset, from its first run on. ``tell`` is
+    called with each file that is done. What is done so far is committed every 20 seconds.
+    """
+    listed = [sources] if isinstance(sources, (str, os.PathLike)) else list(sources)
+    dataset = Path(os.path.abspath(to))  # noqa: PTH100
+    report = Report()
+    begin = time.monotonic()
+    with _manifest.locked(dataset):
+        manifest = _load(dataset, tz)
+        report.swept = _manifest.sweep(dataset, manifest)
+        plan = _plan(listed, pattern, dataset, manifest, report)
+        for name in plan.gone:
+            del manifest.files[name]
+        for name, size, modified in plan.touched:
+            manifest.files[name].size, manifest.files[name].modified = size, modified
+        report.gone = len(plan.gone)
+        _run(plan, dataset, manifest, report, processes or os.cpu_count() or 1, tell)
+    report.seconds = time.monotonic() - begin
+    return report
+
+
+def _run(
+    plan: _Plan,
+    dataset: Path,
+    manifest: Manifest,
+    report: Report,
+    processes: int,
+    tell: Callable[[File], None] | None,
+) -> None:
+    progress = _Progress(plan, sys.stderr)
+    committed = time.monotonic()
+    is_new = not (dataset / _manifest.NAME).exists()
+    dirty = bool(is_new or plan.gone or plan.touched)
+    try:
+        for file in _translated(plan.todo, str(dataset), manifest.tz, processes):
+            if file.path in manifest.files:
+                report.changed += 1
+            else:
+                report.new += 1
+            manifest.files[file.path] = file
+            dirty = True
+            report.rows += file.rows
+            report.bytes += file.size
+            if file.status != _manifest.WHOLE:
+                report.broken.append(file)
+            if tell is not None:
+                tell(file)
+            progress.show(report.new + report.changed, report.bytes, len(report.broken))
+            if time.monotonic() - committed > _COMMIT_SECONDS:
+                manifest.commit(dataset)
+                dirty, committed = False, time.monotonic()
+    finally:
+        progress.close()
+        if dirty:
+            manifest.commit(dataset)

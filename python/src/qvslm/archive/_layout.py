@@ -1,0 +1,174 @@
+"""How records stand in the Parquet files of a dataset, whoever writes them."""
+
+import dataclasses
+import re
+from collections.abc import Collection, Iterator
+from datetime import UTC
+
+import numpy as np
+import pyarrow as pa
+import pyarrow.compute as pc
+from numpy.typing import NDArray
+
+from .. import _core, _frames
+from .._file import Info, MeasurementFile, Rows
+from .._measurement import SAMPLE
+from .._records import RecordType, record_type
+
+SAMPLES = "Samples"
+"""The kind of the rows of the time history, a row a sample or marker."""
+NO_MONTH = "unknown"
+_TIME_FIELDS = ("RecordTime", "BlockTime", "StopTime")
+_NOBODY = Info("", 0, "", "", "", ("", "", ""), 0, None, None, None, None)
+_ENTRIES = int(record_type("TimeHistory").dtype["FirstLevels"].shape[0])
+
+
+def instrument(info: Info) -> str:
+    """The instrument's name in paths: model and serial number."""
+    return f"{info.model}-{re.sub(r'[^A-Za-z0-9.-]', '_', info.serial) or 'none'}"
+
+
+def _time_type(tz: str | None, unit: str) -> pa.DataType:
+    return pa.timestamp(unit, tz=tz)
+
+
+def _in_milliseconds(kind: pa.DataType) -> pa.DataType:
+    if pa.types.is_fixed_size_list(kind):
+        return pa.list_(_in_milliseconds(kind.value_type), kind.list_size)
+    return _time_type(kind.tz, "ms") if pa.types.is_timestamp(kind) else kind
+
+
+def _seconds(info: Info) -> int:
+    if info.start is None:
+        return 0
+    start = info.start if info.start.tzinfo else info.start.replace(tzinfo=UTC)
+    return int(start.timestamp())
+
+
+def _times(record: RecordType, rows: Rows, info: Info) -> NDArray[np.int64]:
+    """Seconds of each record: its own time, else the start of its file; 0 for none."""
+    own = next((field for field in record.fields if field.name in _TIME_FIELDS), None)
+    if own is None:
+        return np.full(len(rows), _seconds(info))
+    times = rows[own.name].astype(np.int64)
+    return np.where(times > 0, times, _seconds(info))
+
+
+def months(table: pa.Table) -> NDArray[np.str_]:
+    """The month of each row by the clock of its place: "2024-06"."""
+    times = table.column("time")
+    if times.type.tz is not None:
+        times = pc.local_timestamp(times)
+    numbers = times.combine_chunks().to_numpy(zero_copy_only=False).astype("M8[M]")
+    return np.where(np.isnat(numbers), NO_MONTH, numbers.astype(str))
+
+
+def _files(path: str, rows: int) -> pa.Array:
+    return pa.DictionaryArray.from_arrays(pa.array(np.zeros(rows, np.int32)), [path]).cast(
+        pa.string()
+    )
+
+
+def records_table(
+    kind: str,
+    rows: Rows,
+    path: str,
+    info: Info,
+    tz: str | None,
+    columns: Collection[str] | None = None,
+) -> pa.Table:
+    """Records as they stand in the dataset; of their fields those that are asked for."""
+    record = record_type(kind)
+    seconds = _times(record, rows, info)
+    times = pa.array(seconds * 1000, mask=seconds == 0).cast(_time_type(tz, "ms"))
+    if columns is not None:
+        wanted = tuple(field for field in record.fields if field.name in columns)
+        record = dataclasses.replace(record, fields=wanted)
+    table = _frames.to_arrow(record, rows, tz)
+    heads = [pa.field("file", pa.string()), pa.field("time", times.type)]
+    # Parquet knows no seconds.
+    fields = [field.with_type(_in_milliseconds(field.type)) for field in table.schema]
+    table = table.cast(pa.schema(fields))
+    return pa.Table.from_arrays(
+        [_files(path, len(rows)), times, *table.columns], schema=pa.schema([*heads, *fields])
+    )
+
+
+def _samples_table(series: NDArray[np.void], path: str, tz: str | None) -> pa.Table:
+    levels = [
+        pa.array(np.ascontiguousarray(series[name]), from_pandas=True)
+        for name in ("level", "second")
+    ]
+    marks = [pa.array(np.ascontiguousarray(series[name])) for name in ("mark", "detail")]
+    stamps = np.ascontiguousarray(series["time"]).view(np.int64)
+    times = pa.array(stamps, mask=stamps == 0).cast(_time_type(tz, "us"))
+    decibels = {"unit": "dB"}
+    fields = [
+        pa.field("file", pa.string()),
+        pa.field("time", times.type),
+        pa.field("level", pa.float32(), metadata=decibels),
+        pa.field("second", pa.float32(), metadata=decibels),
+        pa.field("mark", pa.int16()),
+        pa.field("detail", pa.int16()),
+    ]
+    arrays = [_files(path, len(series)), times, *levels, *marks]
+    return pa.Table.from_arrays(arrays, schema=pa.schema(fields))
+
+
+class Samples:
+    """The series of the time history, made a batch of records at a time.
+
+    A record tells its time in whole seconds; parts of a second come from the records before it. So
+    the records since the last one that begins with a whole second are kept for the next batch.
+    """
+
+    def __init__(self, path: str, tz: str | None) -> None:
+        self._path = path
+        self._tz = tz
+        self._tail = np.empty(0, record_type("TimeHistory").dtype)
+
+    def table(self, rows: Rows) -> pa.Table:
+        """The samples of the records, which go on where those before ended."""
+        known = len(self._tail)
+        # As bytes: of records NumPy would leave out what stands between the fields.
+        pieces = [np.ascontiguousarray(piece).view(np.uint8) for piece in (self._tail, rows)]
+        rows = np.concatenate(pieces).view(rows.dtype)
+        series = _core.series(rows.view(np.uint8)).view(SAMPLE)
+        counts = np.minimum(rows["EntryCount"].astype(np.int64), _ENTRIES)
+        begins = np.concatenate([[0], np.cumsum(counts)])
+        begin = series["time"][np.minimum(begins[:-1], max(len(series) - 1, 0))].view(np.int64)
+        whole = begin == rows["RecordTime"].astype(np.int64) * 1_000_000
+        anchors = np.flatnonzero((counts > 0) & whole)
+        self._tail = rows[anchors[-1] if len(anchors) else 0 :].copy()
+        return _samples_table(series[begins[known] :], self._path, self._tz)
+
+
+def schema(kind: str, tz: str | None) -> pa.Schema:
+    """The columns of a kind of rows: file and time, then the fields of the record."""
+    if kind == SAMPLES:
+        return _samples_table(np.empty(0, SAMPLE), "", tz).schema
+    return records_table(kind, np.empty(0, record_type(kind).dtype), "", _NOBODY, tz).schema
+
+
+def tables(
+    file: MeasurementFile,
+    kinds: Collection[str] | None,
+    path: str,
+    info: Info,
+    batch_rows: int,
+    columns: Collection[str] | None = None,
+) -> Iterator[tuple[str, pa.Table]]:
+    """The rows of a file by kinds, a batch of records at a time."""
+    samples = Samples(path, file.tz)
+    has_samples = kinds is None or SAMPLES in kinds
+    records = None if kinds is None else {*kinds} - {SAMPLES}
+    if records is not None and has_samples:
+        records.add("TimeHistory")
+    for batch in file.batches(records, batch_rows):
+        for kind, rows in batch.items():
+            if kinds is None or kind in kinds:
+                yield kind, records_table(kind, rows, path, info, file.tz, columns)
+            if kind == "TimeHistory" and has_samples:
+                series = samples.table(rows)
+                if series.num_rows > 0:
+                    yield SAMPLES, series
