@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "fields/local_stamp.h"
+#include "support/calendar_at.h"
 
 namespace {
 
@@ -11,17 +12,7 @@ using qvslm::i64;
 using qvslm::LocalCount;
 using qvslm::StampOf;
 using qvslm::YearOfDay;
-
-Calendar At(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
-  Calendar calendar = qvslm::ClearedCalendar();
-  calendar.Year = year - 1900;
-  calendar.Month = month - 1;
-  calendar.Day = day;
-  calendar.Hour = hour;
-  calendar.Minute = minute;
-  calendar.Second = second;
-  return calendar;
-}
+using test::At;
 
 TEST(LocalStamp, Floors) {
   EXPECT_EQ(FloorOf(7, 4), 1);

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "fields/local_time.h"
+#include "support/calendar_at.h"
 #include "support/scoped_zone.h"
 #include "support/utc.h"
 
@@ -22,6 +23,7 @@ using qvslm::i64;
 using qvslm::LocalCalendar;
 using qvslm::LocalSeconds;
 using qvslm::LocalSecondsByTwoFlags;
+using test::At;
 using test::Utc;
 
 constexpr i32 kHour = 3600;
@@ -36,20 +38,6 @@ class Zone {
  private:
   test::ScopedZone const zone_;
 };
-
-// Months count from 1 here.
-Calendar At(int year, int month, int day, int hour = 0, int minute = 0, int second = 0,
-            int flag = -1) {
-  Calendar calendar = qvslm::ClearedCalendar();
-  calendar.Year = year - 1900;
-  calendar.Month = month - 1;
-  calendar.Day = day;
-  calendar.Hour = hour;
-  calendar.Minute = minute;
-  calendar.Second = second;
-  calendar.DaylightFlag = flag;
-  return calendar;
-}
 
 i32 Seconds(Calendar calendar) {
   return LocalSeconds(calendar);

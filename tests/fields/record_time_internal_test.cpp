@@ -4,23 +4,15 @@
 #include <limits>
 
 #include "fields/record_time.h"
+#include "support/calendar_at.h"
 #include "support/scoped_zone.h"
 #include "support/utc.h"
 
 namespace {
 
 using namespace qvslm;
+using test::At;
 using test::Utc;
-
-Calendar At(i32 year, i32 month, i32 day, i32 hour, i32 minute = 0) {
-  Calendar calendar = ClearedCalendar();
-  calendar.Year = year - 1900;
-  calendar.Month = month - 1;
-  calendar.Day = day;
-  calendar.Hour = hour;
-  calendar.Minute = minute;
-  return calendar;
-}
 
 class RecordTime : public testing::Test {
  protected:

@@ -8,6 +8,7 @@
 #include "fields/local_time.h"
 #include "qvslm_zone.h"
 #include "qvslmtranslate.h"
+#include "support/calendar_at.h"
 #include "support/scoped_zone.h"
 #include "support/utc.h"
 
@@ -17,6 +18,7 @@ namespace {
 using qvslm::Calendar;
 using qvslm::i32;
 using qvslm::i64;
+using test::At;
 
 constexpr i32 kHour = 3600;
 
@@ -39,18 +41,6 @@ class ZoneTable : public testing::Test {
  private:
   ScopedZone const zone_{"Pacific/Marquesas"};  // 9:30 behind UTC, and in no table here
 };
-
-// Months count from 1 here.
-Calendar At(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
-  Calendar calendar = qvslm::ClearedCalendar();
-  calendar.Year = year - 1900;
-  calendar.Month = month - 1;
-  calendar.Day = day;
-  calendar.Hour = hour;
-  calendar.Minute = minute;
-  calendar.Second = second;
-  return calendar;
-}
 
 struct Answer {
   bool found;
