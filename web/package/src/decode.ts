@@ -29,6 +29,18 @@ export function infoOfCount(index: number): RecordInfo | undefined {
   return index === bandIntervals ? bandInterval : byCode.get(index);
 }
 
+/** A number of so many digits; of two that are as near, the one that ends evenly. */
+function nearest(value: number, digits: number): number {
+  const longer = value.toPrecision(digits + 1);
+  if (/5(e|$)/.test(longer)) {
+    const [head, tail] = value.toExponential(100).split("e") as [string, string];
+    const kept = head.slice(0, head.indexOf(".") + digits);
+    const isTie = /^50*$/.test(head.slice(kept.length));
+    if (isTie && /[02468]\.?$/.test(kept)) return Number(`${kept}e${tail}`);
+  }
+  return Number(value.toPrecision(digits));
+}
+
 /** The number with the fewest digits that is this number of 32 bits. */
 export function shortest(value: number): number {
   const size = Math.abs(value);
@@ -38,10 +50,10 @@ export function shortest(value: number): number {
     if (Math.fround(hundredths) === value) return hundredths;
   }
   for (let digits = size < 1e-37 ? 1 : 6; digits < 9; ++digits) {
-    const near = Number(value.toPrecision(digits));
+    const near = nearest(value, digits);
     if (Math.fround(near) === value) return near;
   }
-  return Number(value.toPrecision(9));
+  return nearest(value, 9);
 }
 
 function numberAt(view: DataView, at: number, field: FieldInfo): number | null {
