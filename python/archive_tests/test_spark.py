@@ -140,13 +140,21 @@ def test_written_by_spark(
         assert connection.sql(f'SELECT count(*) FROM "{kind}"').fetchall() == [(frame.count(),)]
 
 
+# Each task tells that it runs, by its executor, and waits until it may go on.
 _CLUSTER = """
-import sys
+import os, pathlib, sys, time
 from test_spark import load, session
+folder = pathlib.Path(sys.argv[2])
+def held(batches):
+    (folder / f"runs-{os.getppid()}").touch()
+    while not (folder / "go").exists():
+        time.sleep(0.05)
+    yield from batches
 spark = session("local-cluster[2,1,512]")
 frame = load(spark, sys.argv[1], records="Samples", columns="level", partition_bytes=60000)
 print(spark.sparkContext.applicationId, flush=True)
-print("rows", frame.union(frame).union(frame).count(), flush=True)
+frame = frame.union(frame).union(frame)
+print("rows", frame.mapInArrow(held, frame.schema).count(), flush=True)
 """
 
 
@@ -163,7 +171,7 @@ def _executors(application: str) -> list[int]:
 def test_a_worker_of_a_cluster_is_killed(files: list[Path], tmp_path: Path) -> None:
     expected = sum(len(qvslm.read(path).samples()) for path in files)
     run = subprocess.Popen(
-        [sys.executable, "-c", _CLUSTER, tmp_path / "files"],
+        [sys.executable, "-c", _CLUSTER, tmp_path / "files", tmp_path],
         cwd=Path(__file__).parent,
         stdout=subprocess.PIPE,
         stderr=(tmp_path / "log").open("w"),
@@ -172,12 +180,12 @@ def test_a_worker_of_a_cluster_is_killed(files: list[Path], tmp_path: Path) -> N
     assert run.stdout is not None
     application = run.stdout.readline().strip()
     assert application.startswith("app-")
-    deadline = time.monotonic() + 60
-    while len(own := _executors(application)) < 2:
+    deadline = time.monotonic() + 120
+    while len(list(tmp_path.glob("runs-*"))) < 2:
         assert time.monotonic() < deadline, (tmp_path / "log").read_text()
         time.sleep(0.1)
-    time.sleep(5)
-    os.kill(own[0], signal.SIGKILL)
+    os.kill(_executors(application)[0], signal.SIGKILL)
+    (tmp_path / "go").touch()
     rows = run.stdout.readline()
     assert rows == f"rows {3 * expected}\n", (tmp_path / "log").read_text()[-3000:]
     assert run.wait(60) == 0
