@@ -175,8 +175,8 @@ std::string Marks(const LevelPicture& picture, const TimeAxis& axis, std::string
     for (const RunMark& mark : picture.marks) {
       if (mark.starts != starts) continue;
       std::string const time = Number(mark.time + axis.offset);
-      script += "set arrow from " + time + ", graph 0 to " + time +
-                ", graph 1 nohead back dt 2 lc '" + colour + "'\n";
+      script.append("set arrow from ").append(time).append(", graph 0 to ").append(time);
+      script.append(", graph 1 nohead back dt 2 lc '").append(colour).append("'\n");
       any = true;
     }
     if (any) {
