@@ -85,11 +85,11 @@ std::string ZshValues(const OptionInfo& option) {
     case Values::File:
       return "_files";
     case Values::Records:
-      return "_values -s , record " + Joined(RecordNames());
+      return std::string("_values -s , record ").append(Joined(RecordNames()));
     case Values::Zones:
       return "_time_zone";
     case Values::Words:
-      return "(" + std::string(option.words) + ")";
+      return std::string("(").append(option.words).append(")");
     case Values::Text:
       break;
   }
@@ -154,7 +154,8 @@ std::string ZshCompletion() {
       for (std::string_view const name : NamesOf(*option)) {
         script += " \\\n      '" + std::string(name) + "[" + ZshText(option->help) + "]";
         if (!option->value.empty()) {
-          script += ":" + ZshText(option->value) + ":" + ZshValues(*option);
+          script.append(":").append(ZshText(option->value)).append(":");
+          script.append(ZshValues(*option));
         }
         script += "'";
       }

@@ -87,7 +87,7 @@ TEST(FloatAgreement, NumbersInAllTheirDigits) {
     ExpectSame(Written(number, std::chars_format::scientific), number);
     ExpectSame(Written(number, std::chars_format::scientific, 760), number);
     ExpectSame(Written(number, std::chars_format::fixed), number);
-    ExpectSame("0x" + Written(number, std::chars_format::hex), number);
+    ExpectSame(std::string("0x").append(Written(number, std::chars_format::hex)), number);
   }
 }
 
@@ -97,7 +97,7 @@ TEST(FloatAgreement, Subnormals) {
     auto const number = std::bit_cast<double>(random.Bits() >> (12 + random.Below(52)));
     ExpectSame(Written(number, std::chars_format::scientific), number);
     ExpectSame(Written(number, std::chars_format::fixed, 1080), number);
-    ExpectSame("0x" + Written(number, std::chars_format::hex), number);
+    ExpectSame(std::string("0x").append(Written(number, std::chars_format::hex)), number);
   }
 }
 
@@ -107,7 +107,7 @@ TEST(FloatAgreement, ShortNumbers) {
   for (int turn = 0; turn < 100000; ++turn) {
     std::string text = std::to_string(random.Bits() >> random.Below(64));
     text.insert(static_cast<std::size_t>(random.Below(static_cast<int>(text.size()) + 1)), ".");
-    if (random.Below(2) == 0) text += "E" + std::to_string(random.Below(60) - 30);
+    if (random.Below(2) == 0) text.append("E").append(std::to_string(random.Below(60) - 30));
     ExpectSame(text, Standard(text, std::chars_format::general, kInfinity));
   }
 }
@@ -122,7 +122,7 @@ TEST(FloatAgreement, LongNumbers) {
     auto const length = static_cast<int>(text.size());
     text.insert(static_cast<std::size_t>(random.Below(length + 1)), ".");
     // Up to the largest numbers, and well below the least ones.
-    text += "e" + std::to_string(random.Below(640) - 325 - random.Below(length));
+    text.append("e").append(std::to_string(random.Below(640) - 325 - random.Below(length)));
     bool const huge = qvslm::UnsignedFloat(text) > 1.0;
     ExpectSame(text, Standard(text, std::chars_format::general, huge ? kInfinity : 0.0));
   }

@@ -60,7 +60,7 @@ std::string Title(const std::string& title, const std::vector<std::string>& opti
   all.insert(all.end(), options.begin(), options.end());
   Tables const tables(Titled(title), all);
   std::vector<std::string> const lines = Lines(tables.Table("Settings.csv"));
-  if (lines.size() != 2) return "(" + std::to_string(lines.size()) + " lines)";
+  if (lines.size() != 2) return std::to_string(lines.size()) + " lines";
   auto const column = [](const std::string& line, std::size_t index) {
     std::size_t at = 0;
     for (; index > 0; --index) at = line.find('|', at) + 1;
