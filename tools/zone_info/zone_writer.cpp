@@ -3,38 +3,18 @@
 // once: their changes as gaps in seconds and numbers of kinds, and zones that have other names alone.
 #include <algorithm>
 #include <cstdio>
-#include <filesystem>
 #include <limits>
-#include <map>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "tzif.h"
+#include "zone_folder.h"
 
 namespace {
 
 using Changes = std::vector<QvZoneChange>;
-using Zones = std::map<std::string, Changes>;
+using Zones = zone_info::ZoneChanges;
 using Kind = std::pair<std::int32_t, std::int32_t>;  // offset, daylight
-
-// Copies of the others, and those that count leap seconds.
-bool IsLeftOut(const std::string& name) {
-  return name.starts_with("posix/") || name.starts_with("right/") || name == "posixrules" ||
-         name == "localtime";
-}
-
-Zones ReadZones(const std::filesystem::path& folder) {
-  Zones zones;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-    if (!entry.is_regular_file()) continue;
-    std::string const name = entry.path().lexically_relative(folder).generic_string();
-    if (IsLeftOut(name)) continue;
-    Changes changes = zone_info::ChangesInFile(entry.path().string());
-    if (!changes.empty()) zones.emplace(name, std::move(changes));
-  }
-  return zones;
-}
 
 Kind KindOf(const QvZoneChange& change) {
   return {change.Offset, change.Daylight};
@@ -128,7 +108,7 @@ int main(int argc, char** argv) {
     std::fputs("zone_writer FOLDER FILE\n", stderr);
     return 2;
   }
-  Zones const zones = ReadZones(argv[1]);
+  Zones const zones = zone_info::ZonesInFolder(argv[1]);
   if (zones.empty()) {
     std::fprintf(stderr, "zone_writer: no compiled time zones in %s\n", argv[1]);
     return 1;

@@ -20,7 +20,17 @@ async function collect(source, options) {
 
 test("there are samples", () => assert.equal(samples.length, 26));
 
-for (const tz of ["UTC", "Europe/Berlin", "America/New_York", "Australia/Lord_Howe"]) {
+const zones = [
+  "UTC",
+  "Europe/Berlin",
+  "America/New_York",
+  "Australia/Lord_Howe",
+  // Winter is its daylight time.
+  "Europe/Dublin",
+  // Two hours ahead of its winter.
+  "Antarctica/Troll",
+];
+for (const tz of zones) {
   for (const name of samples) {
     test(`${name} as dump gives it, ${tz}`, async () => {
       const native = dump(samplesFolder + name, tz);

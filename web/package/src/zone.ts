@@ -1,11 +1,5 @@
-// Time zones, from what the platform's own calendar tells of them.
-
-/** From an instant on (seconds since 1970 UTC), local time is so many seconds ahead of UTC. */
-export interface ZoneChange {
-  readonly from: number;
-  readonly offset: number;
-  readonly daylight: boolean;
-}
+// Time zones by their names.
+import { changesOf, type ZoneChange } from "./zone_changes.js";
 
 export class Zone {
   constructor(
@@ -39,66 +33,6 @@ export class Zone {
   }
 }
 
-const day = 86400;
-const firstInstant = Date.UTC(1969, 11, 1) / 1000;
-const lastInstant = Date.UTC(2070, 0, 1) / 1000;
-
-type Probe = (seconds: number) => { offset: number; daylight: boolean };
-
-function probeOf(name: string): Probe {
-  const format = new Intl.DateTimeFormat("en-US", {
-    timeZone: name,
-    hourCycle: "h23",
-    year: "numeric",
-    month: "numeric",
-    day: "numeric",
-    hour: "numeric",
-    minute: "numeric",
-    second: "numeric",
-    timeZoneName: "long",
-  });
-  return (seconds) => {
-    const parts: Record<string, string> = {};
-    for (const part of format.formatToParts(seconds * 1000)) parts[part.type] = part.value;
-    const number = (key: string): number => Number(parts[key]);
-    const local = Date.UTC(
-      number("year"),
-      number("month") - 1,
-      number("day"),
-      number("hour"),
-      number("minute"),
-      number("second"),
-    );
-    return {
-      offset: local / 1000 - seconds,
-      daylight: /Summer|Daylight/.test(parts["timeZoneName"] ?? ""),
-    };
-  };
-}
-
-function probeChanges(name: string): ZoneChange[] {
-  const probe = probeOf(name);
-  const changes = [{ from: firstInstant, ...probe(firstInstant) }];
-  const step = 8 * day;
-  for (let start = firstInstant; start < lastInstant; start += step) {
-    const held = changes[changes.length - 1]!;
-    const alike = (seconds: number): boolean => {
-      const found = probe(seconds);
-      return found.offset === held.offset && found.daylight === held.daylight;
-    };
-    if (alike(start + step)) continue;
-    let before = start;
-    let behind = start + step;
-    while (behind - before > 1) {
-      const middle = Math.floor((before + behind) / 2);
-      if (alike(middle)) before = middle;
-      else behind = middle;
-    }
-    changes.push({ from: behind, ...probe(behind) });
-  }
-  return changes;
-}
-
 const known = new Map<string, Zone>();
 
 /** A zone by its name, such as Europe/Berlin. Throws a RangeError where the platform knows none. */
@@ -106,8 +40,8 @@ export function zoneOf(name: string): Zone {
   let zone = known.get(name);
   if (zone === undefined) {
     const isClock = name === "UTC";
-    const fixed = [{ from: firstInstant, offset: 0, daylight: false }];
-    zone = new Zone(name, isClock ? fixed : probeChanges(name));
+    const fixed = [{ from: 0, offset: 0, daylight: false }];
+    zone = new Zone(name, isClock ? fixed : changesOf(name));
     known.set(name, zone);
   }
   return zone;
