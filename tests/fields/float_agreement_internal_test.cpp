@@ -106,7 +106,7 @@ TEST(FloatAgreement, ShortNumbers) {
   Random random(3);
   for (int turn = 0; turn < 100000; ++turn) {
     std::string text = std::to_string(random.Bits() >> random.Below(64));
-    text.insert(static_cast<std::size_t>(random.Below(static_cast<int>(text.size()) + 1)), ".");
+    text.insert(static_cast<std::size_t>(random.Below(static_cast<int>(text.size()) + 1)), 1, '.');
     if (random.Below(2) == 0) text.append("E").append(std::to_string(random.Below(60) - 30));
     ExpectSame(text, Standard(text, std::chars_format::general, kInfinity));
   }
@@ -120,7 +120,7 @@ TEST(FloatAgreement, LongNumbers) {
       text += static_cast<char>('0' + random.Below(10));
     }
     auto const length = static_cast<int>(text.size());
-    text.insert(static_cast<std::size_t>(random.Below(length + 1)), ".");
+    text.insert(static_cast<std::size_t>(random.Below(length + 1)), 1, '.');
     // Up to the largest numbers, and well below the least ones.
     text.append("e").append(std::to_string(random.Below(640) - 325 - random.Below(length)));
     bool const huge = qvslm::UnsignedFloat(text) > 1.0;
@@ -162,9 +162,9 @@ TEST(FloatAgreement, HexadecimalDigitsToBeRounded) {
       text += random.Below(2) == 0 ? '0' : kDigits[static_cast<std::size_t>(random.Below(22))];
     }
     auto const length = static_cast<int>(text.size());
-    text.insert(static_cast<std::size_t>(random.Below(length + 1)), ".");
+    text.insert(static_cast<std::size_t>(random.Below(length + 1)), 1, '.');
     int const exponent = turn % 2 == 0 ? random.Below(200) - 100 : random.Below(2300) - 1150;
-    text += (turn % 3 == 0 ? "P" : "p") + std::to_string(exponent);
+    text.append(1, turn % 3 == 0 ? 'P' : 'p').append(std::to_string(exponent));
     double const beyond = exponent > 0 ? kInfinity : 0.0;
     ExpectSame("0x" + text, Standard(text, std::chars_format::hex, beyond));
   }
