@@ -50,7 +50,8 @@ std::vector<TableColumn> TableColumnsOf(const RecordInfo& info) {
 constexpr const char* kKeys =
     "id INTEGER PRIMARY KEY, file INTEGER NOT NULL REFERENCES files(id), record INTEGER NOT NULL";
 
-const char* KindName(FieldKind kind) {
+// In words: the unit stands beside it.
+const char* KindInWords(FieldKind kind) {
   switch (kind) {
     case FieldKind::Level:
       return "level";
@@ -99,7 +100,7 @@ void FillFieldsTable(SqliteDatabase& database) {
       insert.Bind(1, record.name);
       insert.Bind(2, field.name);
       insert.Bind(3, UnitOf(field));
-      insert.Bind(4, std::string_view(KindName(field.kind)));
+      insert.Bind(4, std::string_view(KindInWords(field.kind)));
       insert.Bind(5, text ? std::int64_t{1}
                           : static_cast<std::int64_t>(FieldSize(field) / ElementSize(field.type)));
       insert.Bind(6, field.comment);

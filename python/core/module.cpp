@@ -25,52 +25,17 @@ namespace {
 using python::Choice;
 using python::OpenFile;
 using record_fields::FieldInfo;
-using record_fields::FieldKind;
 using record_fields::FieldType;
 using record_fields::RecordInfo;
 
 using Bytes = nb::ndarray<nb::numpy, std::uint8_t, nb::ndim<1>>;
 using ReadBytes = nb::ndarray<const std::uint8_t, nb::ndim<1>, nb::c_contig, nb::device::cpu>;
 
-// As NumPy writes types.
-const char* TypeOf(FieldType type) {
-  switch (type) {
-    case FieldType::U8:
-      return "u1";
-    case FieldType::U16:
-      return "u2";
-    case FieldType::U32:
-      return "u4";
-    case FieldType::I32:
-      return "i4";
-    case FieldType::F32:
-      return "f4";
-    case FieldType::Char:
-      return "S";
-  }
-  return "";
-}
-
-const char* KindOf(FieldKind kind) {
-  switch (kind) {
-    case FieldKind::Plain:
-      return "plain";
-    case FieldKind::Level:
-      return "level";
-    case FieldKind::Decibels:
-      return "dB";
-    case FieldKind::Time:
-      return "time";
-    case FieldKind::Seconds:
-      return "s";
-    case FieldKind::Percent:
-      return "%";
-    case FieldKind::Text:
-      return "text";
-    case FieldKind::RawText:
-      return "raw text";
-  }
-  return "";
+// As NumPy writes types: u2 of two bytes.
+std::string NumpyType(FieldType type) {
+  if (type == FieldType::Char) return "S";
+  std::string name(record_fields::TypeName(type).substr(0, 1));
+  return name += std::to_string(record_fields::ElementSize(type));
 }
 
 nb::list Records() {
@@ -78,8 +43,9 @@ nb::list Records() {
   for (const RecordInfo& record : record_fields::kRecords) {
     nb::list fields;
     for (const FieldInfo& field : record.fields) {
-      fields.append(nb::make_tuple(field.name, TypeOf(field.type), KindOf(field.kind), field.offset,
-                                   field.rows, field.count, field.reserved, field.comment));
+      fields.append(nb::make_tuple(field.name, NumpyType(field.type), KindName(field.kind),
+                                   field.offset, field.rows, field.count, field.reserved,
+                                   field.comment));
     }
     records.append(nb::make_tuple(record.name, record.code, record.size, fields));
   }

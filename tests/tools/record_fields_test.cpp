@@ -141,6 +141,24 @@ TEST(RecordFields, TypesKindsAndOffsets) {
   EXPECT_EQ(Field("Interval", "EndTime").comment, "time: end of the interval");
 }
 
+TEST(RecordFields, TypesAndKindsHaveNames) {
+  struct Row {
+    std::string_view record, field, type, kind;
+  };
+  constexpr Row rows[] = {
+      {"Event", "RecordType", "u16", "plain"},       {"Event", "EventValue24", "i32", "plain"},
+      {"Interval", "LevelA", "f32", "level"},        {"Interval", "EndTime", "i32", "time"},
+      {"Interval", "Duration", "f32", "s"},          {"Interval", "DurationPercent", "f32", "%"},
+      {"Interval", "RecordIndex", "u32", "plain"},   {"Interval", "Samples", "u8", "dB"},
+      {"Results442", "SettingR218", "char", "text"}, {"Site", "SiteText9", "char", "raw text"},
+  };
+  for (const Row& row : rows) {
+    const FieldInfo& field = Field(row.record, row.field);
+    EXPECT_EQ(TypeName(field.type), row.type) << row.field;
+    EXPECT_EQ(KindName(field.kind), row.kind) << row.field;
+  }
+}
+
 TEST(RecordFields, TheFirstFieldOfAnOutputRecordIsItsCode) {
   for (const RecordInfo& record : kRecords) {
     if (record.code == 0) continue;

@@ -52,6 +52,47 @@ constexpr std::size_t ElementSize(FieldType type) {
   return 0;
 }
 
+// As programs of other languages are told them.
+constexpr std::string_view TypeName(FieldType type) {
+  switch (type) {
+    case FieldType::U8:
+      return "u8";
+    case FieldType::U16:
+      return "u16";
+    case FieldType::U32:
+      return "u32";
+    case FieldType::I32:
+      return "i32";
+    case FieldType::F32:
+      return "f32";
+    case FieldType::Char:
+      return "char";
+  }
+  return "";
+}
+
+constexpr std::string_view KindName(FieldKind kind) {
+  switch (kind) {
+    case FieldKind::Plain:
+      return "plain";
+    case FieldKind::Level:
+      return "level";
+    case FieldKind::Decibels:
+      return "dB";
+    case FieldKind::Time:
+      return "time";
+    case FieldKind::Seconds:
+      return "s";
+    case FieldKind::Percent:
+      return "%";
+    case FieldKind::Text:
+      return "text";
+    case FieldKind::RawText:
+      return "raw text";
+  }
+  return "";
+}
+
 constexpr std::size_t FieldSize(const FieldInfo& field) {
   std::size_t const row = field.count == 0 ? 1 : field.count;
   return ElementSize(field.type) * row * (field.rows == 0 ? 1 : field.rows);

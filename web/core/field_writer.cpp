@@ -12,45 +12,6 @@ using record_fields::FieldKind;
 using record_fields::FieldType;
 using record_fields::RecordInfo;
 
-const char* TypeName(FieldType type) {
-  switch (type) {
-    case FieldType::U8:
-      return "u8";
-    case FieldType::U16:
-      return "u16";
-    case FieldType::U32:
-      return "u32";
-    case FieldType::I32:
-      return "i32";
-    case FieldType::F32:
-      return "f32";
-    case FieldType::Char:
-      return "char";
-  }
-  return "";
-}
-
-const char* KindName(FieldKind kind) {
-  switch (kind) {
-    case FieldKind::Plain:
-      return "plain";
-    case FieldKind::Level:
-      return "level";
-    case FieldKind::Decibels:
-      return "dB";
-    case FieldKind::Time:
-      return "time";
-    case FieldKind::Seconds:
-      return "s";
-    case FieldKind::Percent:
-      return "%";
-    case FieldKind::Text:
-    case FieldKind::RawText:
-      return "text";
-  }
-  return "";
-}
-
 std::string Quoted(std::string_view text) {
   std::string quoted = "\"";
   for (char const c : text) {
@@ -106,8 +67,8 @@ void WriteTable(const RecordInfo& record) {
   Print("  {name: " + Quoted(record.name) + ", code: " + std::to_string(record.code) +
         ", size: " + std::to_string(record.size) + ", fields: [");
   for (const FieldInfo& field : record.fields) {
-    Print("    {name: " + Quoted(field.name) + ", type: \"" + TypeName(field.type) +
-          "\", kind: \"" + KindName(field.kind) + "\", offset: " + std::to_string(field.offset) +
+    Print("    {name: " + Quoted(field.name) + ", type: " + Quoted(TypeName(field.type)) +
+          ", kind: " + Quoted(KindName(field.kind)) + ", offset: " + std::to_string(field.offset) +
           ", rows: " + std::to_string(field.rows) + ", count: " + std::to_string(field.count) +
           ", reserved: " + (field.reserved ? "true" : "false") +
           ", comment: " + Quoted(field.comment) + "},");

@@ -1,8 +1,8 @@
 /** What a number of a field is in memory. */
 export type FieldType = "u8" | "u16" | "u32" | "i32" | "f32" | "char";
 
-/** What a field holds; of a level 999 stands for no value. */
-export type FieldKind = "plain" | "level" | "dB" | "time" | "s" | "%" | "text";
+/** What a field holds; of a level 999 stands for no value, and raw text may fill its field. */
+export type FieldKind = "plain" | "level" | "dB" | "time" | "s" | "%" | "text" | "raw text";
 
 export interface FieldInfo {
   readonly name: string;
