@@ -2,13 +2,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
 #include "support/temp_folder.h"
 #include "support/translation.h"
 
 namespace {
 
-using samples::Body;
 using test::Names;
 using test::Result;
 using test::RunProgram;
@@ -19,8 +19,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 std::string TwoMarks() {
-  auto const mark = Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0);
-  return test::Startable(test::General().Item(5, mark).Item(5, mark).EndOfData());
+  return test::Startable(test::Marks(2).EndOfData());
 }
 
 // Runs qvslm in the folder, so that names stand alone.

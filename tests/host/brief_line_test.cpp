@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
 #include "support/translation.h"
 
@@ -11,6 +12,7 @@ using samples::Body;
 using samples::DataFile;
 using test::General;
 using test::Lines;
+using test::Mark;
 using test::Result;
 using test::RunQvslm;
 using test::Startable;
@@ -19,10 +21,6 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
-
-Body Mark(double level) {
-  return Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(level).U8(0x20);
-}
 
 Body Event(int code) {
   return Body().U8(0).Date(21, 6, 2024).Time(12, 31, 5).U8(code).U16(0).U24(70000);

@@ -2,13 +2,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
 #include "support/translation.h"
 
 namespace {
 
 using samples::Body;
-using samples::DataFile;
+using test::Marks;
 using test::Objects;
 using test::Result;
 using test::RunQvslm;
@@ -17,15 +18,6 @@ using test::TempFile;
 using testing::HasSubstr;
 
 constexpr std::size_t markSize = 13;
-
-// Without an end: long enough to be started.
-DataFile Marks(int count) {
-  DataFile file = test::General();
-  for (int i = 0; i < count; ++i) {
-    file.Item(5, Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0));
-  }
-  return file;
-}
 
 TEST(Check, AWholeFile) {
   TempFile const file(Startable(Marks(2).EndOfData()));
@@ -36,7 +28,7 @@ TEST(Check, AWholeFile) {
 }
 
 TEST(Check, AFileThatEndsWithinARecord) {
-  std::string const bytes = Marks(300).Bytes();
+  std::string const bytes = Marks().Bytes();
   std::size_t const last = bytes.size() - markSize;
   TempFile const file(std::string_view(bytes).substr(0, bytes.size() - 5));
   Result const result = RunQvslm({"check", file.Path()});
@@ -62,7 +54,7 @@ TEST(Check, AFileThatEndsWithinARecord) {
 }
 
 TEST(Check, AFileThatEndsBetweenTwoRecords) {
-  std::string const bytes = Marks(300).Bytes();
+  std::string const bytes = Marks().Bytes();
   TempFile const file(bytes);
   Result const result = RunQvslm({"check", file.Path()});
   EXPECT_EQ(result.exitCode, 3);
@@ -102,7 +94,7 @@ TEST(Check, WhatCannotBeRead) {
 
 TEST(Check, TheWorstFileDecides) {
   TempFile const whole(Startable(Marks(2).EndOfData()));
-  TempFile const cut(Marks(300));
+  TempFile const cut(Marks());
   EXPECT_EQ(RunQvslm({"check", whole.Path(), cut.Path(), whole.Path()}).exitCode, 3);
   EXPECT_EQ(RunQvslm({"check", whole.Path(), "no/such/file", cut.Path()}).exitCode, 1);
   EXPECT_EQ(RunQvslm({"check", whole.Path(), whole.Path()}).exitCode, 0);

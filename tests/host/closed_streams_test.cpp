@@ -2,14 +2,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
 #include "support/temp_folder.h"
-#include "support/translation.h"
 
 namespace {
 
-using samples::Body;
-using samples::DataFile;
+using test::Marks;
 using test::Result;
 using test::RunProgram;
 using test::TempFile;
@@ -17,14 +16,6 @@ using test::TempFolder;
 
 constexpr const char* cannotWrite =
     "qvslm: standard output cannot be written: Bad file descriptor\n";
-
-DataFile Marks(int count) {
-  DataFile file = test::General();
-  for (int i = 0; i < count; ++i) {
-    file.Item(5, Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0));
-  }
-  return file;
-}
 
 // qvslm in the shell, with its redirections behind it.
 Result RunInShell(const std::string& arguments, const TempFolder& temporary) {
@@ -61,21 +52,21 @@ TEST(ClosedStreams, StandardOutputCannotBeWritten) {
 // Errors and progress are lost, and go nowhere else.
 TEST(ClosedStreams, StandardErrorIsNotNeeded) {
   TempFolder const temporary;
-  TempFile const file(Marks(300));
+  TempFile const file(Marks());
   Result const result = RunInShell("dump " + file.Path() + " 2>&-", temporary);
   EXPECT_EQ(result.exitCode, 3);
   EXPECT_EQ(test::Objects(result).size(), 300u);
   Result const copied = RunInShell("dump - 2>&- < " + file.Path(), temporary);
   EXPECT_EQ(copied.exitCode, 3);
   EXPECT_EQ(test::Objects(copied).size(), 300u);
-  EXPECT_EQ(test::Contents(file.Path()), Marks(300).Bytes());
+  EXPECT_EQ(test::Contents(file.Path()), Marks().Bytes());
 }
 
 TEST(ClosedStreams, AllOfThem) {
   TempFolder const temporary;
-  TempFile const file(Marks(300));
+  TempFile const file(Marks());
   EXPECT_EQ(RunInShell("dump " + file.Path() + " <&- >&- 2>&-", temporary).exitCode, 1);
-  EXPECT_EQ(test::Contents(file.Path()), Marks(300).Bytes());
+  EXPECT_EQ(test::Contents(file.Path()), Marks().Bytes());
 }
 
 }  // namespace

@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "host/qvslm_process.h"
+#include "support/stamped_items.h"
 #include "support/translation.h"
 
 namespace {
 
 using samples::Body;
-using samples::DataFile;
 using test::Names;
 using test::Objects;
 using test::RunQvslm;
@@ -19,7 +19,7 @@ using testing::ElementsAre;
 using testing::Not;
 
 Body Mark(int hour, int minute) {
-  return Body().U8(0).Date(21, 6, 2024).Time(hour, minute, 0).Level(60).U8(0);
+  return test::MarkAt({2024, 6, 21, hour, minute});
 }
 
 std::vector<std::string> Clocks(const test::Result& result) {

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
 #include "record_table.h"
 #include "support/translation.h"
@@ -10,8 +11,10 @@ namespace {
 
 using samples::Body;
 using samples::DataFile;
+using test::Event;
 using test::General;
 using test::Lines;
+using test::Mark;
 using test::Names;
 using test::Objects;
 using test::Result;
@@ -19,14 +22,6 @@ using test::RunQvslm;
 using test::Startable;
 using test::TempFile;
 using testing::ElementsAre;
-
-Body Mark(double level) {
-  return Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(level).U8(0x20);
-}
-
-Body Event(int code) {
-  return Body().U8(0).Date(21, 6, 2024).Time(12, 31, 5).U8(code + 3).U16(515).U24(70000);
-}
 
 Result DumpOf(const DataFile& file, const test::RunOptions& options = {}) {
   TempFile const stored(Startable(file));

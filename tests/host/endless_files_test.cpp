@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
 #include "support/translation.h"
 
@@ -10,6 +11,7 @@ namespace {
 using samples::Body;
 using samples::DataFile;
 using test::General;
+using test::Mark;
 using test::Names;
 using test::Objects;
 using test::Result;
@@ -24,15 +26,9 @@ constexpr const char* kStandsStill =
     "length\n";
 constexpr const char* kCut = "the file ends before the end of its data\n";
 
-Body Mark() {
-  return Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0);
-}
-
 // Room for the tail that the start looks at.
 DataFile WithRoom() {
-  DataFile file = General();
-  for (int i = 0; i < 200; ++i) file.Item(5, Mark());
-  return file;
+  return test::Marks(200);
 }
 
 // A list 21 or 27 of equal blocks of which the last is cut to the given bytes, and no end.

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
 #include "support/temp_folder.h"
 #include "support/translation.h"
@@ -11,26 +12,15 @@
 namespace {
 
 using samples::Body;
-using samples::DataFile;
 using test::General;
+using test::Mark;
+using test::Marks;
 using test::Objects;
 using test::Result;
 using test::RunQvslm;
-using test::Startable;
 using test::TempFile;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-Body Mark() {
-  return Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0);
-}
-
-// More than the 2500 bytes that the start wants to see.
-DataFile Marks(int count = 300) {
-  DataFile file = General();
-  for (int i = 0; i < count; ++i) file.Item(5, Mark());
-  return file;
-}
 
 std::string Message(const TempFile& file, const std::string& what) {
   return "qvslm: " + file.Path() + ": " + what + "\n";

@@ -9,8 +9,10 @@ namespace {
 using samples::Body;
 using samples::DataFile;
 using test::Contents;
+using test::Event;
 using test::General;
 using test::Lines;
+using test::Mark;
 using test::NamesIn;
 using test::Result;
 using test::RunQvslm;
@@ -19,16 +21,7 @@ using test::TempFile;
 using test::TempFolder;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::Not;
 using testing::StartsWith;
-
-Body Mark(double level) {
-  return Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(level).U8(0x20);
-}
-
-Body Event(int code) {
-  return Body().U8(0).Date(21, 6, 2024).Time(12, 31, 5).U8(code + 3).U16(515).U24(70000);
-}
 
 // The folder of an export.
 class Tables {

@@ -8,9 +8,9 @@
 namespace {
 
 using samples::Body;
-using samples::DataFile;
 using test::Contents;
 using test::General;
+using test::Mark;
 using test::NamesIn;
 using test::Result;
 using test::RunProgram;
@@ -19,10 +19,6 @@ using test::Startable;
 using test::TempFolder;
 using testing::ElementsAre;
 using testing::HasSubstr;
-
-Body Mark(double level) {
-  return Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(level).U8(0x20);
-}
 
 std::string Marked(double level) {
   return Startable(General().Q(2, "the title").Item(5, Mark(level)).EndOfData());
@@ -140,8 +136,7 @@ TEST_F(Database, AnotherChoiceReplacesTheFile) {
 }
 
 TEST_F(Database, TellsWhereAFileIsCut) {
-  std::string const sample = Contents(std::string(std::getenv("SAMPLES")) + "/general_day.qvd");
-  std::string const file = folder.File("a.qvd", sample.substr(0, sample.size() / 2));
+  std::string const file = folder.File("a.qvd", test::HalfASample());
   EXPECT_EQ(Export({file}).exitCode, 3);
   EXPECT_THAT(Query("SELECT whole, why FROM files"), testing::StartsWith("0|"));
   EXPECT_EQ(Query("SELECT cut_offset > 0, length(why) > 0 FROM files"), "1|1\n");

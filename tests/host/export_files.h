@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
 #include "support/temp_folder.h"
-#include "support/translation.h"
 
 namespace test {
 
@@ -20,6 +20,12 @@ inline std::vector<std::string> SampleFiles() {
   }
   std::sort(paths.begin(), paths.end());
   return paths;
+}
+
+// The first half of a sample.
+inline std::string HalfASample() {
+  std::string const sample = Contents(std::string(std::getenv("SAMPLES")) + "/general_day.qvd");
+  return sample.substr(0, sample.size() / 2);
 }
 
 // Names of all in a folder and below, hidden ones too, from the folder on and in order.

@@ -8,27 +8,21 @@
 
 namespace {
 
-using samples::Body;
-using samples::DataFile;
 using test::Contents;
 using test::General;
+using test::Mark;
 using test::NamesIn;
 using test::Result;
 using test::RunProgram;
 using test::RunQvslm;
 using test::Startable;
 using test::TempFolder;
-using testing::Contains;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 std::string Marked(double level) {
-  return Startable(
-      General()
-          .Item(5, Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(level).U8(0x20))
-          .EndOfData());
+  return Startable(General().Item(5, Mark(level)).EndOfData());
 }
 
 class Files : public testing::Test {
@@ -127,8 +121,7 @@ TEST_F(Files, JobsChangeNothingOfWhatIsWritten) {
 }
 
 TEST_F(Files, ACutOneIsExportedAsFarAsItGoes) {
-  std::string const sample = Contents(std::string(std::getenv("SAMPLES")) + "/general_day.qvd");
-  std::string const file = folder.File("a.qvd", sample.substr(0, sample.size() / 2));
+  std::string const file = folder.File("a.qvd", test::HalfASample());
   Result const result = Export({file, "--to", Path("lines.jsonl")});
   EXPECT_EQ(result.exitCode, 3);
   Result const dump = RunQvslm({"dump", file});

@@ -11,6 +11,7 @@ using samples::Body;
 using samples::DataFile;
 using test::General;
 using test::Lines;
+using test::Mark;
 using test::NamesIn;
 using test::Result;
 using test::RunProgram;
@@ -20,10 +21,6 @@ using test::TempFile;
 using test::TempFolder;
 using testing::ElementsAre;
 using testing::HasSubstr;
-
-Body Mark(double level) {
-  return Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(level).U8(0x20);
-}
 
 // What Python prints of a workbook that `w` stands for.
 std::string Printed(const std::string& workbook, const std::string& script) {

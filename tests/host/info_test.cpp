@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
 #include "support/translation.h"
 
@@ -9,6 +10,7 @@ namespace {
 
 using samples::Body;
 using samples::DataFile;
+using test::Mark;
 using test::Result;
 using test::RunQvslm;
 using test::Startable;
@@ -16,12 +18,8 @@ using test::TempFile;
 using testing::HasSubstr;
 using testing::Not;
 
-Body Mark() {
-  return Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0);
-}
-
 Body Event(int code, int hour) {
-  return Body().U8(0).Date(21, 6, 2024).Time(hour, 15, 0).U8(code).U16(0).U24(0);
+  return test::EventAt({2024, 6, 21, hour, 15}, code);
 }
 
 // Below 10 kB: 3.2 kB.
@@ -110,8 +108,7 @@ TEST(Info, AShortFileIsToldAsFarAsItCanBe) {
 }
 
 TEST(Info, ACutFileIsCountedAsFarAsItGoes) {
-  DataFile file = test::General();
-  for (int i = 0; i < 300; ++i) file.Item(5, Mark());
+  DataFile file = test::Marks();
   TempFile const stored(file);
   Result const result = RunQvslm({"info", stored.Path()});
   EXPECT_EQ(result.exitCode, 3);

@@ -3,24 +3,16 @@
 
 #include <filesystem>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
 #include "support/temp_folder.h"
-#include "support/translation.h"
 
 namespace {
 
-using samples::Body;
+using test::Marks;
 using test::Result;
 using test::RunQvslm;
 using test::TempFile;
-
-std::string MarksFile() {
-  samples::DataFile file = test::General();
-  for (int i = 0; i < 300; ++i) {
-    file.Item(5, Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0));
-  }
-  return file.EndOfData().Bytes();
-}
 
 // What stands before the last record, which tells the file's name.
 std::string MarksOf(const Result& result) {
@@ -28,11 +20,11 @@ std::string MarksOf(const Result& result) {
 }
 
 TEST(InputFile, StandardInputGivesWhatTheFileDoes) {
-  TempFile const file(MarksFile());
+  TempFile const file(Marks().EndOfData().Bytes());
   Result const named = RunQvslm({"dump", file.Path()});
   ASSERT_EQ(named.exitCode, 0);
   ASSERT_NE(MarksOf(named), "");
-  Result const piped = RunQvslm({"dump", "-"}, {.input = MarksFile()});
+  Result const piped = RunQvslm({"dump", "-"}, {.input = Marks().EndOfData().Bytes()});
   EXPECT_EQ(piped.exitCode, 0);
   EXPECT_TRUE(MarksOf(piped) == MarksOf(named));
 }
@@ -40,7 +32,7 @@ TEST(InputFile, StandardInputGivesWhatTheFileDoes) {
 TEST(InputFile, AFileOfTheName) {
   test::TempFolder const folder;
   std::string const path = folder.Path() + "/-";
-  std::filesystem::copy_file(TempFile(MarksFile()).Path(), path);
+  std::filesystem::copy_file(TempFile(Marks().EndOfData().Bytes()).Path(), path);
   EXPECT_EQ(RunQvslm({"dump", path}).exitCode, 0);
 }
 

@@ -5,28 +5,19 @@
 
 #include <filesystem>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
 #include "support/temp_folder.h"
 #include "support/translation.h"
 
 namespace {
 
-using samples::Body;
-using samples::DataFile;
 using test::Lines;
+using test::Marks;
 using test::Result;
 using test::RunQvslm;
 using test::TempFolder;
 using testing::ElementsAre;
-using testing::HasSubstr;
-
-DataFile Marks(int count) {
-  DataFile file = test::General();
-  for (int i = 0; i < count; ++i) {
-    file.Item(5, Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0));
-  }
-  return file;
-}
 
 std::string WholeFile(int marks) {
   return test::Startable(Marks(marks).EndOfData());
@@ -65,7 +56,7 @@ class TwoHundredFiles : public testing::Test {
     std::string const whole = WholeFile(3);
     for (int i = 0; i < 200; ++i) {
       std::string const name = "file" + std::to_string(1000 + i) + ".qvd";
-      std::string const bytes = i % 80 == 0   ? Marks(300).Bytes()
+      std::string const bytes = i % 80 == 0   ? Marks().Bytes()
                                 : i == 40     ? ""
                                 : i % 40 == 0 ? std::string(5000, 'x')
                                               : whole;

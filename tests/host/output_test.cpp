@@ -4,26 +4,19 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
-#include "support/stamped_items.h"
 #include "support/temp_folder.h"
-#include "support/translation.h"
 
 namespace test {
 namespace {
-
-samples::DataFile Marks(int count) {
-  samples::DataFile file = General();
-  while (count-- > 0) file.Item(5, MarkAt({2024, 6, 21}));
-  return file.EndOfData();
-}
 
 Result RunInShell(const std::string& command) {
   return RunProgram({"bash", "-c", command});
 }
 
 TEST(Output, EveryLineIsEnded) {
-  TempFile const file(Marks(1000));
+  TempFile const file(Marks(1000).EndOfData());
   for (const char* const command : {"dump", "info"}) {
     std::string const out = RunQvslm({command, file.Path()}).out;
     EXPECT_THAT(out, testing::EndsWith("\n")) << command;
@@ -33,7 +26,7 @@ TEST(Output, EveryLineIsEnded) {
 
 // More than buffers hold, in the order of the file.
 TEST(Output, NothingIsLostOnTheWay) {
-  TempFile const file(Marks(5000));
+  TempFile const file(Marks(5000).EndOfData());
   auto const objects = Objects(RunQvslm({"dump", file.Path()}));
   ASSERT_EQ(objects.size(), 5001U);
   for (std::size_t i = 0; i < 5000; ++i) ASSERT_EQ(objects[i].at("RecordIndex"), i + 1);
@@ -45,7 +38,7 @@ constexpr const char* kDiskIsFull =
 // Little waits in a buffer until the end; much fails on the way. Either is told once.
 TEST(Output, AFullDiskIsToldOnce) {
   for (int const count : {300, 9000}) {
-    TempFile const file(Marks(count));
+    TempFile const file(Marks(count).EndOfData());
     for (const char* const command : {" dump ", " info "}) {
       Result const result = RunInShell(QVSLM_PROGRAM + std::string(command) + file.Path() + " " +
                                        file.Path() + " > /dev/full");
@@ -57,7 +50,7 @@ TEST(Output, AFullDiskIsToldOnce) {
 
 // A limit on the size of files ends the output in the middle of a line.
 TEST(Output, AFileThatMayNotGrowIsTold) {
-  TempFile const file(Marks(9000));
+  TempFile const file(Marks(9000).EndOfData());
   TempFolder const folder;
   std::string const target = folder.Path() + "/out";
   Result const result = RunInShell("trap '' XFSZ; ulimit -f 16; " + std::string(QVSLM_PROGRAM) +
@@ -68,7 +61,7 @@ TEST(Output, AFileThatMayNotGrowIsTold) {
 }
 
 TEST(Output, AReaderThatHasGoneIsNoFault) {
-  TempFile const file(Marks(9000));
+  TempFile const file(Marks(9000).EndOfData());
   Result const result = RunInShell("set -o pipefail; " + std::string(QVSLM_PROGRAM) + " dump " +
                                    file.Path() + " " + file.Path() + " | true");
   EXPECT_EQ(result.exitCode, 0);

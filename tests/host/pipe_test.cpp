@@ -3,15 +3,13 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
 #include "support/temp_folder.h"
-#include "support/translation.h"
 
 namespace {
 
-using samples::Body;
-using samples::DataFile;
-using test::General;
+using test::Marks;
 using test::Objects;
 using test::Result;
 using test::RunProgram;
@@ -19,17 +17,10 @@ using test::RunQvslm;
 using test::TempFile;
 using test::TempFolder;
 
-DataFile Marks(int count) {
-  DataFile file = General();
-  for (int i = 0; i < count; ++i) {
-    file.Item(5, Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0));
-  }
-  return file.EndOfData();
-}
-
 TEST(Pipe, ReadsStandardInput) {
   TempFolder const temporary;
-  test::RunOptions const options = {.input = Marks(300).Bytes(), .temporary = temporary.Path()};
+  test::RunOptions const options = {.input = Marks().EndOfData().Bytes(),
+                                    .temporary = temporary.Path()};
   Result const result = RunQvslm({"dump", "-"}, options);
   EXPECT_EQ(result.exitCode, 0);
   EXPECT_EQ(result.err, "");
@@ -40,7 +31,7 @@ TEST(Pipe, ReadsStandardInput) {
 }
 
 TEST(Pipe, ReadsFromAProgram) {
-  TempFile const file(Marks(9000));  // more than a pipe holds
+  TempFile const file(Marks(9000).EndOfData());  // more than a pipe holds
   Result const result =
       RunProgram({"sh", "-c", "cat " + file.Path() + " | " + QVSLM_PROGRAM + " dump -"});
   EXPECT_EQ(result.exitCode, 0);
@@ -50,7 +41,7 @@ TEST(Pipe, ReadsFromAProgram) {
 TEST(Pipe, ReadsANamedPipe) {
   TempFolder const folder;
   TempFolder const temporary;
-  TempFile const file(Marks(300));
+  TempFile const file(Marks().EndOfData());
   std::string const pipe = folder.Path() + "/pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   Result const result = RunProgram(
@@ -83,7 +74,7 @@ TEST(Pipe, WithoutATemporaryFolderItSaysSo) {
 // 9000 records are far more than a pipe holds: head has gone long before they are written.
 TEST(Pipe, EndsQuietlyWhenTheReaderHasGone) {
   TempFolder const temporary;
-  TempFile const file(Marks(9000));
+  TempFile const file(Marks(9000).EndOfData());
   for (const char* const input : {"-", "file"}) {
     std::string const name = std::string(input) == "-" ? "-" : file.Path();
     Result const result = RunProgram({"bash", "-c",

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "host/qvslm_process.h"
+#include "support/stamped_items.h"
 #include "support/temp_folder.h"
 #include "support/translation.h"
 
@@ -24,11 +25,11 @@ using testing::HasSubstr;
 using testing::Not;
 
 Body Event(int code, int hour) {
-  return Body().U8(0).Date(21, 6, 2024).Time(hour, 0, 0).U8(code).U16(0).U24(0);
+  return test::EventAt({2024, 6, 21, hour}, code);
 }
 
 Body Mark(int minute) {
-  return Body().U8(0).Date(21, 6, 2024).Time(12, minute, 0).Level(65.5).U8(0);
+  return test::MarkAt({2024, 6, 21, 12, minute});
 }
 
 std::string Measured() {

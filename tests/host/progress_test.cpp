@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
 #include "host/terminal.h"
 #include "support/temp_folder.h"
@@ -11,21 +12,14 @@ namespace {
 
 using samples::Body;
 using samples::DataFile;
+using test::Marks;
 using test::OnTerminal;
 using test::TempFile;
 using testing::HasSubstr;
 using testing::Not;
 
-DataFile Marks(int count) {
-  DataFile file = test::General();
-  for (int i = 0; i < count; ++i) {
-    file.Item(5, Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0));
-  }
-  return file.EndOfData();
-}
-
 TEST(Progress, StandsOnATerminal) {
-  TempFile const file(Marks(400));
+  TempFile const file(Marks(400).EndOfData());
   for (const char* const command : {" dump ", " info "}) {
     std::string const text =
         OnTerminal(std::string(QVSLM_PROGRAM) + command + file.Path() + " > /dev/null");
@@ -39,10 +33,7 @@ TEST(Progress, StandsOnATerminal) {
 
 // How far a walk has come is its place in the file: 300 marks of 13 bytes are half of it.
 TEST(Progress, IsThePlaceInTheFile) {
-  DataFile file = test::General();
-  for (int i = 0; i < 300; ++i) {
-    file.Item(5, Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0));
-  }
+  DataFile file = Marks();
   file.Item(9, Body().PadTo(file.Size()));
   TempFile const stored(file.EndOfData());
   for (const char* const option : {"--limit 300", "--no-census --limit 300"}) {
@@ -54,7 +45,7 @@ TEST(Progress, IsThePlaceInTheFile) {
 }
 
 TEST(Progress, DoesNotMixWithRecordsOnTheSameTerminal) {
-  TempFile const file(Marks(200));
+  TempFile const file(Marks(200).EndOfData());
   std::string const text =
       OnTerminal(std::string(QVSLM_PROGRAM) + " dump --limit 2 " + file.Path());
   EXPECT_THAT(text, HasSubstr("%\r\033[K{\"record\":\"LevelMark\""));
@@ -63,7 +54,7 @@ TEST(Progress, DoesNotMixWithRecordsOnTheSameTerminal) {
 
 TEST(Progress, ShowsTheNameOfTheFileAsPlainText) {
   test::TempFolder const folder;
-  folder.File("a\nb\x1B[2J.qvd", Marks(400).Bytes());
+  folder.File("a\nb\x1B[2J.qvd", Marks(400).EndOfData().Bytes());
   std::string const text =
       OnTerminal("cd " + folder.Path() + " && " + QVSLM_PROGRAM + " info *.qvd > /dev/null");
   EXPECT_THAT(text, HasSubstr("\r\033[Ka\\u000ab\\u001b[2J.qvd: counting"));
@@ -72,7 +63,7 @@ TEST(Progress, ShowsTheNameOfTheFileAsPlainText) {
 }
 
 TEST(Progress, IsSilentInAPipe) {
-  TempFile const file(Marks(200));
+  TempFile const file(Marks(200).EndOfData());
   EXPECT_EQ(test::RunQvslm({"dump", file.Path()}).err, "");
   EXPECT_EQ(
       OnTerminal(std::string(QVSLM_PROGRAM) + " dump " + file.Path() + " 2>&1 >/dev/null | cat"),
@@ -81,7 +72,8 @@ TEST(Progress, IsSilentInAPipe) {
 
 TEST(Progress, CountsTheFilesOfAFolder) {
   test::TempFolder const folder;
-  for (const char* const name : {"a.qvd", "b.qvd", "c.qvd"}) folder.File(name, Marks(300).Bytes());
+  for (const char* const name : {"a.qvd", "b.qvd", "c.qvd"})
+    folder.File(name, Marks().EndOfData().Bytes());
   for (const char* const jobs : {"1", "2"}) {
     std::string const text = OnTerminal(std::string(QVSLM_PROGRAM) + " check --jobs " + jobs + " " +
                                         folder.Path() + " > /dev/null");
@@ -96,8 +88,8 @@ TEST(Progress, TellsRateAndTimeLeftOfLongWork) {
   // A pipe gives its bytes within two seconds, of which the copy takes no notice; what is shown are
   // the files behind it.
   test::TempFolder const folder;
-  folder.File("a.qvd", Marks(300).Bytes());
-  folder.File("b.qvd", Marks(300).Bytes());
+  folder.File("a.qvd", Marks().EndOfData().Bytes());
+  folder.File("b.qvd", Marks().EndOfData().Bytes());
   std::string const command = "cd " + folder.Path() + "; (sleep 1.2; cat a.qvd) | " +
                               QVSLM_PROGRAM + " check - a.qvd b.qvd > /dev/null";
   std::string const text = OnTerminal(command);
@@ -105,7 +97,7 @@ TEST(Progress, TellsRateAndTimeLeftOfLongWork) {
 }
 
 TEST(Colour, StandsOnATerminalAlone) {
-  TempFile const file(test::Startable(Marks(3)));
+  TempFile const file(test::Startable(Marks(3).EndOfData()));
   std::string const check = std::string(QVSLM_PROGRAM) + " check " + file.Path();
   EXPECT_THAT(OnTerminal(check), HasSubstr(file.Path() + ": \033[32mwhole\033[0m, 4 records"));
   EXPECT_THAT(OnTerminal("NO_COLOR=1 " + check), HasSubstr(file.Path() + ": whole, 4 records"));

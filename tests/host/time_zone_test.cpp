@@ -2,12 +2,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/marked_files.h"
 #include "host/qvslm_process.h"
 #include "support/translation.h"
 
 namespace {
 
-using samples::Body;
 using test::Objects;
 using test::Result;
 using test::RunQvslm;
@@ -15,8 +15,7 @@ using test::TempFile;
 
 // A level mark of 21 June 2024, 12:30:00.
 const TempFile& Mark() {
-  Body const mark = Body().U8(0).Date(21, 6, 2024).Time(12, 30, 0).Level(60).U8(0);
-  static TempFile const file(test::Startable(test::General().Item(5, mark).EndOfData()));
+  static TempFile const file(test::Startable(test::Marks(1).EndOfData()));
   return file;
 }
 

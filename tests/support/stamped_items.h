@@ -19,11 +19,11 @@ inline samples::Body& Stamp(samples::Body& body, const Clock& clock) {
   return body.Date(clock.day, clock.month, clock.year).Time(clock.hour, clock.minute, clock.second);
 }
 
-// Item 5: level 65.5, status 0.
-inline samples::Body MarkAt(const Clock& clock) {
+// Item 5.
+inline samples::Body MarkAt(const Clock& clock, double level = 65.5, int status = 0) {
   samples::Body body;
   body.U8(0);
-  return Stamp(body, clock).Level(65.5).U8(0);
+  return Stamp(body, clock).Level(level).U8(status);
 }
 
 // Item 4. Code 64 starts a run, code 0 ends it.
