@@ -22,7 +22,7 @@ using Instants = std::vector<std::int64_t>;
 
 constexpr std::int64_t kDay = 86400;
 constexpr std::int64_t kYear = 366 * kDay;
-// What zone_changes.ts looks at; the rule is that of its daylightByRule.
+// What zone_changes.ts looks at; the rule is its daylightByRule.
 constexpr std::int64_t kFirst = -31 * kDay;
 constexpr int kYearBehind = 2070;
 

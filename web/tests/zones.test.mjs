@@ -5,6 +5,7 @@ import { readFileSync } from "node:fs";
 import { test } from "node:test";
 
 import { zoneOf } from "../package/dist/zone.js";
+import { changesOf } from "../package/dist/zone_changes.js";
 
 const first = Date.UTC(1970, 0, 1) / 1000;
 const last = Date.UTC(2070, 0, 1) / 1000;
@@ -97,4 +98,22 @@ test("a zone is found as the platform finds it, whatever the case of its name", 
   assert.equal(zoneOf("europe/DUBLIN").changeAt(winter).daylight, true);
   assert.equal(zoneOf("Europe/Dublin").changeAt(winter).daylight, true);
   assert.equal(zoneOf("Europe/London").changeAt(winter).daylight, false);
+});
+
+// Morocco takes the hour back in its month of fasting, which is its daylight time, until 2087 by the
+// table. Here the platform says that it keeps to UTC from September 2026 on.
+test("what a platform knows to stay is no daylight time", (context) => {
+  const end = Date.UTC(2026, 8, 20, 1);
+  const Real = Intl.DateTimeFormat;
+  context.mock.method(Intl, "DateTimeFormat", function (language, options) {
+    const before = new Real(language, options);
+    const behind = new Real(language, { ...options, timeZone: "UTC" });
+    return { format: (time) => (time < end ? before : behind).format(time) };
+  });
+  const changes = changesOf("Africa/Casablanca").slice(-3);
+  assert.deepEqual(changes, [
+    { from: Date.UTC(2026, 1, 15, 2) / 1000, offset: 0, daylight: true },
+    { from: Date.UTC(2026, 2, 22, 2) / 1000, offset: 3600, daylight: false },
+    { from: end / 1000, offset: 0, daylight: false },
+  ]);
 });

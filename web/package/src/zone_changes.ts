@@ -90,7 +90,11 @@ export function changesOf(name: string): ZoneChange[] {
     while (at + 1 < offsets.length && offsets[at + 1]!.from <= from) ++at;
     while (turned < turns.length && turns[turned]! <= from) ++turned;
     const offset = offsets[at]!.offset;
-    const daylight = daylightByRule(offsets, at) !== (turned % 2 === 1);
+    // A zone that keeps to one time for good has no daylight time any more, even if the table knows of
+    // no end.
+    const staysTurned = turned === turns.length && at + 1 === offsets.length;
+    const isTurned = turned % 2 === 1 && !staysTurned;
+    const daylight = daylightByRule(offsets, at) !== isTurned;
     const held = changes[changes.length - 1];
     if (held?.offset === offset && held.daylight === daylight) continue;
     changes.push({ from, offset, daylight });
