@@ -44,8 +44,15 @@ export class LevelSeries {
     this.buckets = { lows: new Float32Array(room), highs: new Float32Array(room) };
   }
 
-  /** A sample; NaN for no value. */
-  add(time: number, level: number): void {
+  /** Samples that lie between two times; NaN for no value. */
+  take(times: Float64Array, levels: Float32Array, count: number, from = -Infinity, to = Infinity): void {
+    for (let i = 0; i < count; ++i) {
+      const time = times[i]!;
+      if (time >= from && time <= to) this.add(time, levels[i]!);
+    }
+  }
+
+  private add(time: number, level: number): void {
     const follows = time >= this.latest && time - this.latest <= longestGap;
     this.latest = time;
     ++this.samples;

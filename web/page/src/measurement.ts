@@ -135,7 +135,7 @@ export class Measurement {
     stretches: Iterable<number>,
     kind: RecordInfo,
     job: Job,
-    visit: (view: DataView, entry: BatchEntry) => boolean,
+    visit: (view: DataView, entry: BatchEntry) => unknown,
     begin?: (stretch: number) => void,
   ): Promise<void> {
     const { core, places } = this;
@@ -155,7 +155,7 @@ export class Measurement {
         const view = core.view();
         for (const entry of core.batch(view)) {
           if (infoOf(entry) !== kind || !entry.isWhole) continue;
-          if (!visit(view, entry)) return;
+          if (visit(view, entry) === false) return;
         }
         await job.turn(state.position / core.source.size);
       }
@@ -217,9 +217,8 @@ export class Measurement {
       const info = recordNamed(kind);
       const field = timeField(info);
       let found = 0;
-      const visit = (view: DataView, { at }: BatchEntry): boolean => {
+      const visit = (view: DataView, { at }: BatchEntry): void => {
         if (this.passes(view, at, field, filter)) ++found;
-        return true;
       };
       await this.walk(everywhere, info, job, visit, () => before.push(found));
       before.push(found);
@@ -261,14 +260,13 @@ export class Measurement {
     const parts: Blob[] = [];
     let text = format === "csv" ? csvHead(info) : "";
     await this.walk(this.everywhere, info, job, (view, entry) => {
-      if (!this.passes(view, entry.at, field, filter)) return true;
+      if (!this.passes(view, entry.at, field, filter)) return;
       const record = recordAt(view, entry, info, this.core.zone);
       text += format === "csv" ? csvLine(info, record) : JSON.stringify(record) + "\n";
       if (text.length > 1 << 20) {
         parts.push(new Blob([text]));
         text = "";
       }
-      return true;
     });
     parts.push(new Blob([text]));
     return new Blob(parts, { type: format === "csv" ? "text/csv" : "application/x-ndjson" });

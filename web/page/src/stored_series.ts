@@ -7,44 +7,66 @@ import type { SeriesExtent, SeriesWindow } from "./protocol.js";
 const mostInPart = 1 << 18; // buckets
 const mostRead = 64_000_000; // bytes of the file for a part
 const f32 = 4;
+const noLevel = 999;
 
-/** Takes the samples of a record; true, as there may be more. */
-type Take = (view: DataView, at: number) => boolean;
-type Add = (time: number, level: number) => void;
+// The samples of one record after the other.
+class SampleReader {
+  private readonly offsets: Record<"value" | "time" | "count" | "period" | "first", number>;
+  private readonly room: number; // of a record with many samples; else 0
+  private readonly markerAt: number; // below 0 without one
+  readonly times: Float64Array;
+  readonly levels: Float32Array;
 
-// The samples of a kind of records, by the offsets of its fields.
-function taker(info: RecordInfo, name: string, add: Add): Take {
-  const fieldOf = (name: string): FieldInfo => info.fields.find((field) => field.name === name)!;
-  const offsetOf = (name: string): number => fieldOf(name).offset;
-  const known = (level: number): number => (level === 999 ? NaN : level);
-  const valueAt = offsetOf(name);
-  const timeAt = offsetOf("RecordTime");
-  if (info.name === "TimeHistory") {
-    const countAt = offsetOf("EntryCount");
-    const periodAt = offsetOf("StreamPeriod");
-    const firstAt = offsetOf("FirstLevels");
-    const room = fieldOf("FirstLevels").count;
-    return (view, at) => {
-      const start = view.getInt32(at + timeAt, true);
-      const period = view.getFloat32(at + periodAt, true);
-      const entries = Math.min(room, view.getUint16(at + countAt, true));
-      let samples = 0;
-      for (let i = 0; i < entries; ++i) {
-        // An entry that is not above 0 is a marker.
-        if (!(view.getFloat32(at + firstAt + f32 * i, true) > 0)) continue;
-        const level = view.getFloat32(at + valueAt + f32 * i, true);
-        add(start + period * samples++, known(level));
-      }
-      return true;
+  constructor(info: RecordInfo, name: string) {
+    const fieldOf = (name: string): FieldInfo | undefined =>
+      info.fields.find((field) => field.name === name);
+    const offsetOf = (name: string): number => fieldOf(name)?.offset ?? -1;
+    this.offsets = {
+      value: offsetOf(name),
+      time: offsetOf("RecordTime"),
+      count: offsetOf("EntryCount"),
+      period: offsetOf("StreamPeriod"),
+      first: offsetOf("FirstLevels"),
     };
+    this.room = info.name === "TimeHistory" ? fieldOf("FirstLevels")!.count : 0;
+    this.markerAt = info.name === "FieldHistory" ? offsetOf("Level") : -1;
+    this.times = new Float64Array(Math.max(1, this.room));
+    this.levels = new Float32Array(Math.max(1, this.room));
   }
-  const markerAt = info.name === "FieldHistory" ? offsetOf("Level") : undefined;
-  return (view, at) => {
-    const time = view.getInt32(at + timeAt, true);
-    const isMarker = markerAt !== undefined && view.getFloat32(at + markerAt, true) === -1;
-    if (time > 0 && !isMarker) add(time, known(view.getFloat32(at + valueAt, true)));
-    return true;
-  };
+
+  /** Puts them into times and levels, and gives how many there are. */
+  read(view: DataView, at: number): number {
+    return this.room > 0 ? this.readMany(view, at) : this.readOne(view, at);
+  }
+
+  private put(i: number, time: number, level: number): void {
+    this.times[i] = time;
+    this.levels[i] = level === noLevel ? NaN : level;
+  }
+
+  private readMany(view: DataView, at: number): number {
+    const { time, period, count, first, value } = this.offsets;
+    const start = view.getInt32(at + time, true);
+    const spacing = view.getFloat32(at + period, true);
+    const entries = Math.min(this.room, view.getUint16(at + count, true));
+    let samples = 0;
+    for (let i = 0; i < entries; ++i) {
+      // An entry that is not above 0 is a marker.
+      if (!(view.getFloat32(at + first + f32 * i, true) > 0)) continue;
+      this.put(samples, start + spacing * samples, view.getFloat32(at + value + f32 * i, true));
+      ++samples;
+    }
+    return samples;
+  }
+
+  private readOne(view: DataView, at: number): number {
+    const { time, value } = this.offsets;
+    const start = view.getInt32(at + time, true);
+    const isMarker = this.markerAt >= 0 && view.getFloat32(at + this.markerAt, true) === -1;
+    if (start <= 0 || isMarker) return 0;
+    this.put(0, start, view.getFloat32(at + value, true));
+    return 1;
+  }
 }
 
 interface Span {
@@ -55,7 +77,7 @@ interface Span {
 
 interface Part {
   stretches: number[];
-  take: Take;
+  take: (view: DataView, at: number) => void;
   finish: () => void;
 }
 
@@ -65,23 +87,30 @@ export class StoredSeries {
   private readonly spans: Span[] = [];
   private span: Span = { stretch: 0, from: Infinity, to: -Infinity };
   private finer: { from: number; to: number; levels: LevelSeries } | undefined;
-  readonly take: Take;
+  private readonly reader: SampleReader;
 
   constructor(
     readonly info: RecordInfo,
-    private readonly field: string,
+    field: string,
   ) {
-    this.take = taker(info, field, (time, level) => {
-      const { span } = this;
-      if (time < span.from) span.from = time;
-      if (time > span.to) span.to = time;
-      this.levels.add(time, level);
-    });
+    this.reader = new SampleReader(info, field);
   }
 
   begin(stretch: number): void {
     this.span = { stretch, from: Infinity, to: -Infinity };
     this.spans.push(this.span);
+  }
+
+  /** Takes the samples of a record. */
+  take(view: DataView, at: number): void {
+    const { reader, span, levels } = this;
+    const count = reader.read(view, at);
+    for (let i = 0; i < count; ++i) {
+      const time = reader.times[i]!;
+      if (time < span.from) span.from = time;
+      if (time > span.to) span.to = time;
+    }
+    levels.take(reader.times, reader.levels, count);
   }
 
   finish(): SeriesExtent {
@@ -108,9 +137,10 @@ export class StoredSeries {
   part(from: number, to: number): Part {
     const levels = new LevelSeries(mostInPart);
     const [first, last] = this.levels.reach(from, to);
-    const take = taker(this.info, this.field, (time, level) => {
-      if (time >= first && time <= last) levels.add(time, level);
-    });
+    const { reader } = this;
+    const take = (view: DataView, at: number): void => {
+      levels.take(reader.times, reader.levels, reader.read(view, at), first, last);
+    };
     const finish = (): void => {
       levels.finish();
       this.finer = { from, to, levels };
