@@ -356,9 +356,9 @@ test("zoomed into 40 million samples each one is shown", async () => {
     const { from, to } = await plot.evaluate((one) => ({ ...one.dataset }));
     return { from: Number(from), to: Number(to) };
   };
-  for (let i = 0; i < 60 && !((await view()).to - (await view()).from < 10); ++i) await page.keyboard.press("+");
+  for (let i = 0; i < 60 && !((await view()).to - (await view()).from < 60); ++i) await page.keyboard.press("+");
   const { from, to } = await view();
-  assert.ok(to - from < 10);
+  assert.ok(to - from < 60);
   const clock = (time) => new Date(time * 1000).toISOString().slice(0, 19);
   const told = dump(large(), "UTC", ["--records", "TimeHistory", "--from", clock(from - 120), "--to", clock(to + 120)]);
   const known = told.records.flatMap((record) => {
@@ -382,7 +382,7 @@ test("zoomed into 40 million samples each one is shown", async () => {
     assert.match(await reading.textContent(), new RegExp(`   ${level.toFixed(1)} dB$`));
     ++compared;
   }
-  assert.ok(compared >= 5, `${compared} samples in view`);
+  assert.ok(compared >= 10, `${compared} samples in view`);
   assert.deepEqual(faults, []);
   await context.close();
 });
@@ -412,10 +412,12 @@ test("a filter by time far into a long list", async () => {
 
 test("a file that was not opened to its end can be opened again", async () => {
   const { page, context } = await openPage(browser);
+  const worker = page.waitForEvent("worker");
   await choose(page, [large()]);
+  const ended = (await worker).waitForEvent("close");
   await page.getByRole("button", { name: "Cancel" }).click();
   await page.getByText("Cancelled.").waitFor();
-  assert.equal(page.workers().length, 0);
+  await ended;
   await page.getByRole("button", { name: "Open again" }).click();
   const panel = await panelOf(page, "large.qvd");
   await panel.locator(".records").waitFor();
@@ -492,15 +494,16 @@ test("work that does not hear a Cancel is ended", async () => {
   const panel = await panelOf(page, "night_europe.qvd");
   await panel.locator(".table .body .row").first().waitFor();
   const [worker] = page.workers();
-  worker
-    .evaluate(() => {
+  const ended = worker.waitForEvent("close");
+  await worker.evaluate(() => {
+    setTimeout(() => {
       for (;;);
-    })
-    .catch(() => undefined);
+    });
+  });
   await panel.getByRole("button", { name: "Download CSV" }).click();
   await panel.getByRole("button", { name: "Cancel" }).click();
   await page.getByText("Cancelled. The work did not stop, so that the file was closed.").waitFor();
-  assert.equal(page.workers().length, 0);
+  await ended;
   await panel.getByRole("button", { name: "Open again" }).click();
   await panel.locator(".table .body .row").first().waitFor();
   await context.close();

@@ -112,7 +112,7 @@ export class FilePanel {
       return await work((share) => (this.bar.value = share));
     } finally {
       clearTimeout(timer);
-      this.work.hidden = --this.works === 0;
+      if (--this.works === 0) this.work.hidden = true;
     }
   }
 
