@@ -430,8 +430,25 @@ test("a file that was not opened to its end can be opened again", async () => {
   await context.close();
 });
 
+// Writes down what the page asks its workers from now on, and what they answer.
+async function recordMessages(page) {
+  await page.evaluate(() => {
+    globalThis.messages = [];
+    const heard = new Set();
+    const post = Worker.prototype.postMessage;
+    Worker.prototype.postMessage = function (message) {
+      if (!heard.has(this)) this.addEventListener("message", ({ data }) => globalThis.messages.push(data));
+      heard.add(this);
+      globalThis.messages.push(message);
+      post.call(this, message);
+    };
+  });
+  return () => page.evaluate(() => globalThis.messages);
+}
+
 test("a series, a filter and a download are cancelled, and the file stays open", async () => {
   const { page, context, panel, faults } = await openLarge();
+  const messages = await recordMessages(page);
   const cancel = panel.getByRole("button", { name: "Cancel" });
   const series = panel.getByLabel("Series");
   const shown = await series.inputValue();
@@ -466,6 +483,11 @@ test("a series, a filter and a download are cancelled, and the file stays open",
   await series.selectOption("Interval LevelA");
   await panel.getByText(`${count.toLocaleString("en-GB")} samples`, { exact: true }).waitFor({ timeout: 60_000 });
   assert.equal(downloads, 0);
+  // Nothing was worked on behind its Cancel.
+  const told = await messages();
+  const ends = told.flatMap((one, i) => (one.cancelled ? [{ id: one.id, i }] : []));
+  assert.ok(ends.length >= 3);
+  for (const { id, i } of ends) assert.ok(told.slice(i + 1).every((later) => later.id !== id));
   assert.equal(await page.locator('[role="alert"]').count(), 0);
   assert.deepEqual(faults, []);
   await context.close();
@@ -473,20 +495,13 @@ test("a series, a filter and a download are cancelled, and the file stays open",
 
 test("another series ends the reading of the one before", async () => {
   const { page, context, panel } = await openLarge();
-  await page.evaluate(() => {
-    globalThis.posted = [];
-    const post = Worker.prototype.postMessage;
-    Worker.prototype.postMessage = function (message) {
-      globalThis.posted.push(message);
-      post.call(this, message);
-    };
-  });
+  const messages = await recordMessages(page);
   const series = panel.getByLabel("Series");
   await series.selectOption("TimeHistory SecondLevels");
   await series.selectOption("Interval LevelA");
   const count = (await kindsOf(panel)).Interval.toLocaleString("en-GB");
   await panel.getByText(`${count} samples`, { exact: true }).waitFor({ timeout: 60_000 });
-  const posted = await page.evaluate(() => globalThis.posted);
+  const posted = await messages();
   const [first] = posted.filter((one) => one.name === "series");
   assert.equal(first.ask.field, "SecondLevels");
   assert.ok(posted.some((one) => one.cancel === first.id));
