@@ -34,6 +34,7 @@ for (let round = 0; round < 3; ++round) {
     });
   });
   await collectGarbage(page);
+  await page.evaluate(() => (globalThis.waits = []));
   const watch = watchMemory();
   await choose(page, [path]);
   const first = await page.evaluate(() => globalThis.drawn);
@@ -41,8 +42,10 @@ for (let round = 0; round < 3; ++round) {
   const walk = await panel.locator(".summary").getAttribute("data-milliseconds");
   const samples = await panel.locator(".levels").getAttribute("data-samples");
   const memory = watch.end().all;
+  const waits = await page.evaluate(() => globalThis.waits);
   await collectGarbage(page);
   const kept = watch.now().all;
+  await page.evaluate(() => (globalThis.waits = []));
 
   // Frames while the levels are moved through, with the keys of a user.
   await panel.locator(".plot").focus();
@@ -70,7 +73,7 @@ for (let round = 0; round < 3; ++round) {
     await page.waitForTimeout(600);
   }
   const finer = await page.evaluate(() => globalThis.finer);
-  const waits = await page.evaluate(() => globalThis.waits);
+  waits.push(...(await page.evaluate(() => globalThis.waits)));
   const ms = (time) => `${Number(time).toFixed(0)} ms`;
   console.log(
     `${name}: first plot after ${ms(first)}, the walk of it ${ms(walk)}, ${samples} samples; longest task of ` +
