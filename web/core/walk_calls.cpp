@@ -117,6 +117,9 @@ CORE_CALL(zone_room) std::size_t ZoneRoom() {
 CORE_CALL(batch_bytes) std::uint8_t* BatchBytes() {
   return batch;
 }
+CORE_CALL(batch_room) std::size_t BatchRoom() {
+  return kBatchSize;
+}
 CORE_CALL(wanted_codes) std::uint8_t* WantedCodes() {
   return wanted;
 }
@@ -181,17 +184,21 @@ CORE_CALL(open_walk) void OpenWalk(int withCensus) {
 }
 
 // Walks on until the batch is full, the walk has come as far as the offset, or has made as many
-// records, and gives how many it went past; below 0 when it has ended. In the batch are the wanted
-// ones.
+// steps, and gives how many records it went past. In the batch are the wanted ones. A step without
+// a record counts as well: a file may hold nothing else for long.
 CORE_CALL(walk_on) int WalkOn(int until, int most) {
   int seen = 0;
   state.batchBytes = 0;
-  while (seen < most && QvWalkNext(&walk) != 0) {
-    ++seen;
-    if (walk.Code < kCodes && walk.Whole != 0) {
-      ++counts[IsBandInterval() ? kBandIntervals : walk.Code];
+  for (int steps = 0; steps < most && walk.End == QV_WALK_GOES_ON; ++steps) {
+    QvWalkStep(&walk);
+    if (walk.Code != QV_NO_RECORD) {
+      ++walk.Records;
+      ++seen;
+      if (walk.Code < kCodes && walk.Whole != 0) {
+        ++counts[IsBandInterval() ? kBandIntervals : walk.Code];
+      }
+      if (walk.Code < kCodes && wanted[walk.Code] != 0 && !AppendRecord()) break;
     }
-    if (walk.Code < kCodes && wanted[walk.Code] != 0 && !AppendRecord()) break;
     if (QvFileOffset(walk.Context) >= until) break;
   }
   TellState();

@@ -1,14 +1,17 @@
 // The page in Chromium against what qvslm gives of the same files.
 import assert from "node:assert/strict";
-import { readdirSync, readFileSync, writeFileSync, mkdtempSync, rmSync } from "node:fs";
+import { readdirSync, readFileSync, writeFileSync, mkdtempSync, rmSync, truncateSync } from "node:fs";
 import { spawnSync } from "node:child_process";
 import { createRequire } from "node:module";
 import { tmpdir } from "node:os";
 import { after, before, test } from "node:test";
 
+import { build } from "vite";
+
+import { watchMemory } from "./browser_memory.mjs";
 import { csvCells } from "./csv_cells.mjs";
 import { dump, qvslm, root, samples, samplesFolder } from "./native.mjs";
-import { choose, drop, factsOf, kindsOf, openPage, panelOf, startBrowser } from "./page.mjs";
+import { choose, collectGarbage, drop, factsOf, kindsOf, openPage, panelOf, startBrowser } from "./page.mjs";
 
 const night = samplesFolder + "night_europe.qvd";
 let browser;
@@ -302,69 +305,313 @@ for (const colorScheme of ["light", "dark"]) {
   });
 }
 
-// Memory that the processes of the browser have for themselves, in MB.
-function browserMemory() {
-  const parents = new Map();
-  for (const pid of readdirSync("/proc").filter((name) => /^[0-9]+$/.test(name))) {
-    try {
-      const stat = readFileSync(`/proc/${pid}/stat`, "latin1");
-      parents.set(pid, stat.slice(stat.lastIndexOf(")") + 2).split(" ")[1]);
-    } catch {
-      // It has ended.
-    }
-  }
-  const isOurs = (pid) => pid !== undefined && (parents.get(pid) === String(process.pid) || isOurs(parents.get(pid)));
-  let kilobytes = 0;
-  for (const pid of parents.keys()) {
-    if (!isOurs(pid)) continue;
-    try {
-      const rollup = readFileSync(`/proc/${pid}/smaps_rollup`, "latin1");
-      kilobytes += Number(/^Pss:\s+(\d+)/m.exec(rollup)[1]);
-    } catch {
-      // It has ended.
-    }
-  }
-  return kilobytes / 1024;
+// What a file of 300 MB is tried with.
+const large = () => `${folder}/large.qvd`;
+
+async function openLarge(options) {
+  const opened = await openPage(browser, options);
+  await choose(opened.page, [large()]);
+  const panel = await panelOf(opened.page, "large.qvd");
+  await panel.locator(".plot canvas").waitFor({ timeout: 60_000 });
+  return { ...opened, panel };
+}
+
+// The last row of the table of a kind.
+async function lastRow(page, panel, kind) {
+  const table = panel.locator(`.table[aria-label="${kind}"]`);
+  await table.locator(".body .row").first().waitFor({ timeout: 60_000 });
+  await table.focus();
+  await page.keyboard.press("End");
+  const last = table.locator('[aria-selected="true"]');
+  await last.waitFor({ timeout: 60_000 });
+  return last;
 }
 
 test("a file of 300 MB in bounded memory, with a page that answers", async () => {
-  const path = `${folder}/large.qvd`;
-  assert.equal(spawnSync(root + "build/release/samples/write_bulk", [path, "300000000"]).status, 0);
+  assert.equal(spawnSync(root + "build/release/samples/write_bulk", [large(), "300000000"]).status, 0);
   const { page, context, faults } = await openPage(browser);
-  const before = browserMemory();
-  let most = 0;
-  const watch = setInterval(() => (most = Math.max(most, browserMemory())), 300);
-  await choose(page, [path]);
+  await collectGarbage(page);
+  const watch = watchMemory();
+  await choose(page, [large()]);
   const panel = await panelOf(page, "large.qvd");
   await panel.locator(".plot canvas").waitFor({ timeout: 60_000 });
-  clearInterval(watch);
-  most = Math.max(most, browserMemory());
-  console.log(`# ${(most - before).toFixed(0)} MB for a file of 300 MB`);
-  // Less than the file: 24 bytes a sample while the series is made, and the places to go on from.
-  assert.ok(most - before < 600, `${most - before} MB`);
+  const most = watch.end().all;
+  await collectGarbage(page);
+  const kept = watch.now().all;
+  console.log(`# ${most.toFixed(0)} MB at most for a file of 300 MB, ${kept.toFixed(0)} MB kept`);
+  assert.ok(most < 400, `${most} MB`);
+  assert.ok(kept < 190, `${kept} MB`);
 
   // The last row of the longest list, and the page while it is looked for.
   const kinds = await kindsOf(panel);
   const [name, count] = Object.entries(kinds).reduce((a, b) => (a[1] > b[1] ? a : b));
   assert.ok(count > 1_000_000);
   await panel.getByLabel("Kind").selectOption(name);
-  const table = panel.locator(`.table[aria-label="${name}"]`);
-  await table.locator(".body .row").first().waitFor();
-  await table.focus();
-  await page.keyboard.press("End");
-  const last = table.locator('[aria-selected="true"]');
-  await last.waitFor();
+  const last = await lastRow(page, panel, name);
   assert.equal(await last.getAttribute("aria-rowindex"), String(count + 1));
   assert.deepEqual(faults, []);
   await context.close();
 });
 
-test("long work can be cancelled", async () => {
+test("zoomed into 40 million samples each one is shown", async () => {
+  const { page, context, panel, faults } = await openLarge({ viewport: { width: 1280, height: 900 } });
+  const plot = panel.locator(".plot");
+  assert.ok(Number(await panel.locator(".levels").getAttribute("data-samples")) > 39_000_000);
+  await plot.focus();
+  const view = async () => {
+    const { from, to } = await plot.evaluate((one) => ({ ...one.dataset }));
+    return { from: Number(from), to: Number(to) };
+  };
+  for (let i = 0; i < 60 && !((await view()).to - (await view()).from < 60); ++i) await page.keyboard.press("+");
+  const { from, to } = await view();
+  assert.ok(to - from < 60);
+  const clock = (time) => new Date(time * 1000).toISOString().slice(0, 19);
+  const told = dump(large(), "UTC", ["--records", "TimeHistory", "--from", clock(from - 120), "--to", clock(to + 120)]);
+  const known = told.records.flatMap((record) => {
+    const levels = record.FirstLevels.slice(0, record.EntryCount).filter((level) => level > 0);
+    return levels.map((level, i) => ({ time: record.RecordTime + i * record.StreamPeriod, level }));
+  });
+  const box = await plot.locator(".u-over").boundingBox();
+  const reading = panel.locator(".reading");
+  // One level, where it is thinned the lowest and the highest of some.
+  const isExact = async (x) => {
+    await page.mouse.move(box.x + x + 3, box.y + 20);
+    await page.mouse.move(box.x + x, box.y + 20);
+    return /   [0-9.]+ dB$/.test(await reading.textContent());
+  };
+  for (let i = 0; i < 100 && !(await isExact(box.width / 2)); ++i) await page.waitForTimeout(100);
+  let compared = 0;
+  for (const { time, level } of known) {
+    const x = ((time - from) / (to - from)) * box.width;
+    if (x < 5 || x > box.width - 5) continue;
+    assert.ok(await isExact(x));
+    assert.match(await reading.textContent(), new RegExp(`   ${level.toFixed(1)} dB$`));
+    ++compared;
+  }
+  assert.ok(compared >= 10, `${compared} samples in view`);
+  assert.deepEqual(faults, []);
+  await context.close();
+});
+
+test("a filter by time far into a long list", async () => {
+  const { page, context, panel } = await openLarge();
+  const [from, to] = ["2020-06-01T00:00:00", "2022-03-04T05:06:07"];
+  await panel.getByLabel("From", { exact: true }).fill(from);
+  await panel.getByLabel("To", { exact: true }).fill(to);
+  await panel.getByLabel("Kind").selectOption("Event");
+  await panel.getByRole("button", { name: "Filter" }).click();
+  const expected = dump(large(), "UTC", ["--records", "Event", "--from", from, "--to", "2022-03-04T05:06:08"]).records;
+  assert.ok(expected.length > 50_000);
+  await panel.getByText(`${expected.length.toLocaleString("en-GB")} records`, { exact: true }).waitFor();
+  const last = await lastRow(page, panel, "Event");
+  assert.equal(await last.getAttribute("aria-rowindex"), String(expected.length + 1));
+  assert.ok((await last.textContent()).startsWith(expected.at(-1).RecordTimeLocal.slice(0, 19).replace("T", " ")));
+  const table = panel.locator('.table[aria-label="Event"]');
+  const row = (index) => table.locator(`.row[aria-rowindex="${index}"]`);
+  await table.evaluate((one) => one.scrollTo(0, (one.scrollHeight - one.clientHeight) / 2));
+  const middle = Math.round(expected.length / 2);
+  await row(middle + 2).waitFor();
+  const time = expected[middle].RecordTimeLocal.slice(0, 19).replace("T", " ");
+  assert.ok((await row(middle + 2).textContent()).startsWith(time));
+  await context.close();
+});
+
+test("a file that was not opened to its end can be opened again", async () => {
   const { page, context } = await openPage(browser);
-  await choose(page, [`${folder}/large.qvd`]);
+  const worker = page.waitForEvent("worker");
+  await choose(page, [large()]);
+  const ended = (await worker).waitForEvent("close");
   await page.getByRole("button", { name: "Cancel" }).click();
   await page.getByText("Cancelled.").waitFor();
+  await ended;
+  await page.getByRole("button", { name: "Open again" }).click();
+  const panel = await panelOf(page, "large.qvd");
+  await panel.locator(".records").waitFor();
   await context.close();
+});
+
+// Writes down what the page asks its workers from now on, and what they answer.
+async function recordMessages(page) {
+  await page.evaluate(() => {
+    globalThis.messages = [];
+    const heard = new Set();
+    const post = Worker.prototype.postMessage;
+    Worker.prototype.postMessage = function (message) {
+      if (!heard.has(this)) this.addEventListener("message", ({ data }) => globalThis.messages.push(data));
+      heard.add(this);
+      globalThis.messages.push(message);
+      post.call(this, message);
+    };
+  });
+  return () => page.evaluate(() => globalThis.messages);
+}
+
+test("a series, a filter and a download are cancelled, and the file stays open", async () => {
+  const { page, context, panel, faults } = await openLarge();
+  const messages = await recordMessages(page);
+  const cancel = panel.getByRole("button", { name: "Cancel" });
+  const series = panel.getByLabel("Series");
+  const shown = await series.inputValue();
+  const samples = await panel.locator(".samples").textContent();
+  await series.selectOption("TimeHistory SecondLevels");
+  await cancel.click();
+  await cancel.waitFor({ state: "hidden" });
+  assert.equal(await series.inputValue(), shown);
+  assert.equal(await panel.locator(".samples").textContent(), samples);
+  await panel.locator(".plot").focus();
+  await page.keyboard.press("+");
+
+  let downloads = 0;
+  page.on("download", () => ++downloads);
+  await panel.getByLabel("Kind").selectOption("Event");
+  await lastRow(page, panel, "Event");
+  await panel.getByRole("button", { name: "Download JSON lines" }).click();
+  await cancel.click();
+  await cancel.waitFor({ state: "hidden" });
+
+  await panel.getByLabel("From", { exact: true }).fill("2021-01-01T00:00:00");
+  await panel.getByLabel("Kind").selectOption("Interval");
+  await panel.locator('.table[aria-label="Interval"]').waitFor();
+  await panel.getByRole("button", { name: "Filter" }).click();
+  await cancel.click();
+  await cancel.waitFor({ state: "hidden" });
+
+  // All of it goes on to work.
+  const count = (await kindsOf(panel)).Interval;
+  const last = await lastRow(page, panel, "Interval");
+  assert.equal(await last.getAttribute("aria-rowindex"), String(count + 1));
+  await series.selectOption("Interval LevelA");
+  await panel.getByText(`${count.toLocaleString("en-GB")} samples`, { exact: true }).waitFor({ timeout: 60_000 });
+  assert.equal(downloads, 0);
+  // Nothing was worked on behind its Cancel.
+  const told = await messages();
+  const ends = told.flatMap((one, i) => (one.cancelled ? [{ id: one.id, i }] : []));
+  assert.ok(ends.length >= 3);
+  for (const { id, i } of ends) assert.ok(told.slice(i + 1).every((later) => later.id !== id));
+  assert.equal(await page.locator('[role="alert"]').count(), 0);
+  assert.deepEqual(faults, []);
+  await context.close();
+});
+
+test("another series ends the reading of the one before", async () => {
+  const { page, context, panel } = await openLarge();
+  const messages = await recordMessages(page);
+  const series = panel.getByLabel("Series");
+  await series.selectOption("TimeHistory SecondLevels");
+  await series.selectOption("Interval LevelA");
+  const count = (await kindsOf(panel)).Interval.toLocaleString("en-GB");
+  await panel.getByText(`${count} samples`, { exact: true }).waitFor({ timeout: 60_000 });
+  const posted = await messages();
+  const [first] = posted.filter((one) => one.name === "series");
+  assert.equal(first.ask.field, "SecondLevels");
+  assert.ok(posted.some((one) => one.cancel === first.id));
+  assert.equal(await series.inputValue(), "Interval LevelA");
+  await context.close();
+});
+
+test("work that does not hear a Cancel is ended", async () => {
+  const { page, context } = await openPage(browser);
+  await choose(page, [night]);
+  const panel = await panelOf(page, "night_europe.qvd");
+  await panel.locator(".table .body .row").first().waitFor();
+  const [worker] = page.workers();
+  const ended = worker.waitForEvent("close");
+  await worker.evaluate(() => {
+    setTimeout(() => {
+      for (;;);
+    });
+  });
+  await panel.getByRole("button", { name: "Download CSV" }).click();
+  await panel.getByRole("button", { name: "Cancel" }).click();
+  await page.getByText("Cancelled. The work did not stop, so that the file was closed.").waitFor();
+  await ended;
+  await panel.getByRole("button", { name: "Open again" }).click();
+  await panel.locator(".table .body .row").first().waitFor();
+  await context.close();
+});
+
+test("a file of more than 2 GiB", async () => {
+  // Behind the end of the data stands what nobody reads.
+  const path = changed("long.qvd", (bytes) => bytes);
+  truncateSync(path, 3 * 2 ** 30);
+  const { page, context, faults } = await openPage(browser);
+  await choose(page, [path]);
+  const panel = await panelOf(page, "long.qvd");
+  assert.deepEqual(await kindsOf(panel), countsOf(dump(path).records));
+  assert.equal((await factsOf(panel))["Size"], "3,221,225,472 bytes");
+  assert.deepEqual(faults, []);
+  await context.close();
+});
+
+// A module of the page as Node has it.
+async function moduleOf(name) {
+  const entry = `${root}web/page/src/${name}.ts`;
+  const lib = { entry, formats: ["es"], fileName: name };
+  const [built] = await build({ configFile: false, logLevel: "silent", build: { lib, write: false } });
+  return import(`data:text/javascript,${encodeURIComponent(built.output[0].code)}`);
+}
+
+function seriesOf(LevelSeries, samples, most) {
+  const series = new LevelSeries(most);
+  const times = Float64Array.from(samples, ({ time }) => time);
+  series.take(times, Float32Array.from(samples, ({ level }) => level), samples.length);
+  return { series, extent: series.finish() };
+}
+
+test("a series with more samples than room keeps extremes and where they stand", async () => {
+  const { LevelSeries } = await moduleOf("level_series");
+  // Two days with a sample each second and a night between them, every 1000th one without a value.
+  const samples = Array.from({ length: 100_000 }, (_, i) => ({
+    time: i < 50_000 ? i : i + 40_000,
+    level: i % 1000 === 7 ? NaN : 50 + (i % 10),
+  }));
+  samples[12_345].level = 99;
+  samples[50_000].level = 98;
+  samples[77_777].level = 3;
+  const { series, extent } = seriesOf(LevelSeries, samples, 1024);
+  assert.deepEqual(extent, { samples: 100_000, from: 0, to: 139_999 });
+  for (const most of [20, 100, 700]) {
+    const { times, lows, highs } = series.window(0, 140_000, most);
+    assert.ok(times.length <= most + 1 && times.length >= most / 4, `${times.length} of ${most}`);
+    const pointAt = (time) => times.findLastIndex((one) => one <= time);
+    assert.equal(highs[pointAt(12_345)], 99);
+    assert.equal(highs[pointAt(90_000)], 98);
+    assert.equal(lows[pointAt(117_777)], 3);
+    assert.equal(highs.filter((level) => level > 59).length, 2);
+    assert.equal(lows.filter((level) => level < 50).length, 1);
+  }
+  // No bucket holds both sides of the night.
+  const night = series.window(49_000, 91_000, 1000).times;
+  assert.ok(night.includes(90_000));
+  assert.equal(night.filter((time) => time > 50_000 && time < 90_000).length, 0);
+  assert.ok(series.isCoarse(0, 1000, 100));
+  assert.ok(!series.isCoarse(0, 140_000, 100));
+});
+
+test("samples in any order, and far apart, stay in bounded room", async () => {
+  const { LevelSeries } = await moduleOf("level_series");
+  const orders = {
+    backwards: (i) => 20_000 - i,
+    alternating: (i) => (i % 2) * 10_000 + i / 2,
+    apart: (i) => i * 100,
+  };
+  for (const [name, timeOf] of Object.entries(orders)) {
+    const samples = Array.from({ length: 20_000 }, (_, i) => ({ time: timeOf(i), level: 40 + (i % 7) }));
+    samples[9_000].level = 90;
+    const { series, extent } = seriesOf(LevelSeries, samples, 256);
+    const sorted = samples.map(({ time }) => time).sort((a, b) => a - b);
+    assert.deepEqual(extent, { samples: 20_000, from: sorted[0], to: sorted.at(-1) }, name);
+    const { times, lows, highs } = series.window(extent.from, extent.to, 1000);
+    assert.ok(times.length <= 256, name);
+    assert.deepEqual(times, times.toSorted((a, b) => a - b), name);
+    assert.equal(Math.max(...highs), 90, name);
+    assert.equal(Math.min(...lows), 40, name);
+    const at = times.findLastIndex((time) => time <= timeOf(9_000));
+    assert.ok(highs.slice(Math.max(0, at - 2), at + 3).includes(90), name);
+  }
+  // As long as there is room, every sample stands for itself.
+  const few = seriesOf(LevelSeries, [3, 1, 2].map((time) => ({ time, level: time })), 256).series;
+  assert.deepEqual(few.window(0, 9, 10), { times: [1, 2, 3], lows: [1, 2, 3], highs: [1, 2, 3] });
 });
 
 test("the page is one file of at most 1.5 MB", () => {

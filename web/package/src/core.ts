@@ -14,6 +14,7 @@ interface Calls {
   zone_table(): number;
   zone_room(): number;
   batch_bytes(): number;
+  batch_room(): number;
   wanted_codes(): number;
   whole_counts(): number;
   census_counts(): number;
@@ -197,7 +198,7 @@ export class Core {
     return new Uint32Array(this.buffer, this.calls.whole_counts(), bandIntervals + 1);
   }
 
-  /** Walks on by a batch; how many records it went past. */
+  /** Walks on by a batch, at most so many steps; how many records it went past. */
   walkOn(until = 0x7fffffff, most = 0x7fffffff): number {
     return this.calls.walk_on(until, most);
   }
@@ -224,12 +225,15 @@ export class Core {
     return this.text(this.calls.walk_why());
   }
 
-  /** All that the library knows now, to go on from here once more. */
-  save(): Uint8Array {
-    return new Uint8Array(this.buffer, 0, this.calls.memory_top()).slice();
+  /** All that the library knows now is in this memory, which has whole blocks. */
+  memory(blockSize: number): Uint8Array {
+    const blocks = Math.ceil(this.calls.memory_top() / blockSize);
+    return new Uint8Array(this.buffer, 0, blocks * blockSize);
   }
-  restore(saved: Uint8Array): void {
-    new Uint8Array(this.buffer).set(saved);
+  /** Where batches stand in it. */
+  get batchRoom(): { from: number; to: number } {
+    const from = this.calls.batch_bytes();
+    return { from, to: from + this.calls.batch_room() };
   }
 
   close(): void {

@@ -3,11 +3,12 @@ import { recordNamed } from "../../package/src/decode.js";
 import type { FileInfo, MeasurementRecord } from "../../package/src/index.js";
 import { instantOf, zoneOf, type Zone } from "./clock_text.js";
 import { element, freshId, labelled } from "./elements.js";
-import { FileAsker } from "./file_worker.js";
+import { Cancelled, FileAsker } from "./file_worker.js";
 import { LevelPlot } from "./level_plot.js";
 import type { Format, Opened, TimeFilter } from "./protocol.js";
 import { recordDetails } from "./record_details.js";
 import { RecordTable } from "./record_table.js";
+import { SeriesWindows } from "./series_windows.js";
 import { texts } from "./texts.js";
 
 function button(text: string, click: () => void, name = text): HTMLButtonElement {
@@ -18,18 +19,30 @@ function options(names: string[], values = names): HTMLOptionElement[] {
   return names.map((name, i) => element("option", { value: values[i]! }, name));
 }
 
+/** Gives signals, each of which ends the work with the one before. */
+function newest(): () => AbortSignal {
+  let last = new AbortController();
+  return () => {
+    last.abort();
+    last = new AbortController();
+    return last.signal;
+  };
+}
+
 export class FilePanel {
   readonly root: HTMLElement;
   private readonly content = element("div", { class: "content" });
   private readonly bar = element("progress", { max: 1, value: 0, "aria-label": texts.openFiles });
   private readonly work = element("div", { class: "work", role: "status", hidden: true });
   private asker: FileAsker | undefined;
+  private isOpen = false;
+  private works = 0;
   private plot: LevelPlot | undefined;
   private zone: Zone;
 
   constructor(
     private readonly file: File,
-    tz: string,
+    private tz: string,
     onClose: (panel: FilePanel) => void,
   ) {
     this.zone = zoneOf(tz);
@@ -53,25 +66,34 @@ export class FilePanel {
   }
 
   close(): void {
-    this.asker?.end(texts.cancelled);
+    this.asker?.end(new Cancelled(texts.cancelled));
     this.asker = undefined;
+    this.isOpen = false;
     this.plot?.destroy();
   }
 
+  // What was read stays. A file that was not read to its end has nothing to show.
   private cancel(): void {
+    if (this.isOpen) this.asker?.cancelAll();
+    else this.closeWith(texts.cancelled);
+  }
+
+  private closeWith(why: string): void {
     this.close();
-    this.work.hidden = true;
-    this.content.replaceChildren(element("p", { role: "alert" }, texts.cancelled));
+    const again = button(texts.openAgain, () => void this.open(this.tz));
+    this.content.replaceChildren(element("p", { role: "alert" }, why), again);
   }
 
   /** Opens the file anew, in a zone. */
   async open(tz: string): Promise<void> {
     this.close();
+    this.tz = tz;
     this.zone = zoneOf(tz);
-    const asker = new FileAsker();
+    const asker = new FileAsker(() => this.closeWith(texts.stuck));
     this.asker = asker;
     try {
       const opened = await this.during((tell) => asker.ask("open", { file: this.file, tz }, tell));
+      this.isOpen = true;
       this.content.replaceChildren(this.summary(opened));
       if (opened.kinds.length === 0) return;
       this.content.append(this.levels(asker, opened), this.records(asker, opened));
@@ -85,15 +107,17 @@ export class FilePanel {
     const blink = 150;
     const timer = setTimeout(() => (this.work.hidden = false), blink);
     this.bar.value = 0;
+    ++this.works;
     try {
       return await work((share) => (this.bar.value = share));
     } finally {
       clearTimeout(timer);
-      this.work.hidden = true;
+      if (--this.works === 0) this.work.hidden = true;
     }
   }
 
   private fail(error: unknown): void {
+    if (error instanceof Cancelled) return;
     const why = error instanceof Error ? error.message : String(error);
     this.content.append(element("p", { class: "fault", role: "alert" }, `${texts.fault}: ${why}`));
   }
@@ -143,16 +167,26 @@ export class FilePanel {
       part.append(element("p", {}, texts.noSeries));
       return part;
     }
+    const windows = new SeriesWindows(asker, (window) => plot.draw(window));
     const plot = new LevelPlot(this.zone, opened.marks, (from, to, most) =>
-      asker.ask("window", { from, to, most }),
+      windows.ask({ from, to, most }),
     );
     this.plot = plot;
     const names = opened.series.map(({ kind, field }) => `${kind} ${field}`);
     const choice = element("select", {}, ...options(names));
     const samples = element("span", { class: "samples" });
+    const signalOf = newest();
+    let shown = -1;
     const show = async (): Promise<void> => {
       const chosen = opened.series[choice.selectedIndex]!;
-      const extent = await this.during((tell) => asker.ask("series", chosen, tell));
+      const signal = signalOf();
+      const taking = this.during((tell) => asker.ask("series", chosen, tell, signal));
+      const extent = await taking.catch((error: unknown) => {
+        // The series that is shown stays; a newer choice stays as well.
+        if (!signal.aborted) choice.selectedIndex = shown;
+        throw error;
+      });
+      shown = choice.selectedIndex;
       samples.textContent = texts.samples(extent.samples);
       part.dataset["samples"] = String(extent.samples);
       await plot.show(extent, choice.value);
@@ -191,16 +225,26 @@ export class FilePanel {
     const place = element("div");
     const details = element("div", {}, element("p", { class: "hint" }, texts.pick));
     let filter: TimeFilter = null;
+    let shown: { kind: string; filter: TimeFilter } = { kind: choice.value, filter };
+    const filterSignal = newest();
+    const rowsSignal = newest();
 
     const show = async (): Promise<void> => {
       const kind = choice.value;
       const asked = filter;
-      const rows = await this.during((tell) => asker.ask("filter", { kind, filter: asked }, tell));
+      const signal = filterSignal();
+      const counting = this.during((tell) => asker.ask("filter", { kind, filter: asked }, tell, signal));
+      const rows = await counting.catch((error: unknown) => {
+        if (!signal.aborted) ({ kind: choice.value, filter } = shown);
+        throw error;
+      });
+      shown = { kind, filter: asked };
+      const isShown = rowsSignal();
       const info = recordNamed(kind);
       const choose = (record: MeasurementRecord): void =>
         details.replaceChildren(recordDetails(info, record, this.zone));
       const ask = (first: number, most: number): Promise<MeasurementRecord[]> =>
-        asker.ask("rows", { kind, filter: asked, from: first, count: most });
+        asker.ask("rows", { kind, filter: asked, from: first, count: most }, undefined, isShown);
       count.textContent = texts.rows(rows);
       details.replaceChildren(element("p", { class: "hint" }, texts.pick));
       place.replaceChildren(new RecordTable(info, rows, this.zone, ask, choose).root);

@@ -220,14 +220,17 @@ export class LevelPlot {
     this.isAsking = true;
     this.isStale = false;
     this.askWindow(from - side, to + side, 3 * this.points())
-      .then((window) => {
-        this.plot?.setData(this.data(window), false);
-        this.plot?.redraw();
-      })
+      .then((window) => this.draw(window))
       .catch(() => undefined)
       .finally(() => {
         this.isAsking = false;
         if (this.isStale) this.refresh();
       });
+  }
+
+  /** Draws a window in view. */
+  draw(window: SeriesWindow): void {
+    this.plot?.setData(this.data(window), false);
+    this.plot?.redraw();
   }
 }

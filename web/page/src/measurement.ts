@@ -6,29 +6,30 @@ import { records } from "../../package/src/generated/fields.js";
 import { FileStory, type MeasurementRecord } from "../../package/src/index.js";
 import { openSource } from "../../package/src/source.js";
 import { zoneOf } from "../../package/src/zone.js";
-import { LevelSeries } from "./level_series.js";
+import { Places } from "./places.js";
 import type {
   Format,
   Kind,
   Mark,
   Opened,
+  RowChoice,
   SeriesChoice,
   SeriesExtent,
+  SeriesWindow,
   TimeFilter,
+  WindowChoice,
 } from "./protocol.js";
+import { StoredSeries } from "./stored_series.js";
 import { csvHead, csvLine } from "./table_text.js";
 
-type Tell = (progress: number) => void;
-
-// A place in the file to go on from, and how many records of each kind stand before it.
-interface Place {
-  saved: Uint8Array;
-  counts: Map<string, number>;
+/** Work that others wait for. */
+export interface Job {
+  /** Tells how far it has come, and gives way to questions; throws when it was cancelled. */
+  turn(progress: number): Promise<void>;
 }
-const mostPlaces = 24;
-const smallestStretch = 16_000_000;
+
 const mostMarks = 20_000;
-const mostRecords = 50_000; // in one go, before it is told how far the work has come
+const mostSteps = 10_000; // in one go, before it is told how far the work has come
 const runMarks = [64, 80];
 
 /** The time that a record is filtered by. */
@@ -47,34 +48,39 @@ function seriesOf(info: RecordInfo): string[] {
   return [...names.filter((name) => !isSetting(name)), ...names.filter(isSetting)];
 }
 
-const f32 = 4;
+// How many of a kind that lie within the times stand before each stretch, and at the end all.
+interface Listed {
+  key: string;
+  before: number[];
+}
 
 export class Measurement {
-  private readonly places: Place[] = [];
+  private readonly places: Places;
   private counts = new Map<string, number>();
-  private filtered: { key: string; ordinals: number[] } | undefined;
-  series = new LevelSeries();
+  private listed: Listed | undefined;
+  private series: StoredSeries | undefined;
 
-  private constructor(private readonly core: Core) {}
-
-  static async open(file: File, tz: string, tell: Tell): Promise<{ it: Measurement; told: Opened }> {
-    const start = performance.now();
-    const core = await Core.open(await openSource(file), zoneOf(tz));
-    const it = new Measurement(core);
-    return { it, told: it.survey(start, tell) };
+  private constructor(private readonly core: Core) {
+    core.openWalk(true);
+    this.places = new Places(core);
   }
 
-  private survey(start: number, tell: Tell): Opened {
-    const { core } = this;
+  static async open(file: File, tz: string, job: Job): Promise<{ it: Measurement; told: Opened }> {
+    const start = performance.now();
+    const core = await Core.open(await openSource(file), zoneOf(tz));
     const story = new FileStory(core);
+    const it = new Measurement(core);
+    return { it, told: await it.survey(start, story, job) };
+  }
+
+  private async survey(start: number, story: FileStory, job: Job): Promise<Opened> {
+    const { core, places } = this;
     const marks: Mark[] = [];
-    const stretch = Math.max(smallestStretch, Math.ceil(core.source.size / mostPlaces));
-    let state = core.openWalk(true);
+    let state = core.state();
     let records = 0;
     core.want(FileStory.codes);
-    this.places.push({ saved: core.save(), counts: new Map() });
     while (state.end === goesOn) {
-      records += core.walkOn(this.places.length * stretch, mostRecords);
+      records += core.walkOn(places.endOf(places.count - 1), mostSteps);
       state = core.state();
       const view = core.view();
       for (const entry of core.batch(view)) {
@@ -86,10 +92,8 @@ export class Measurement {
           if (marks.length < mostMarks) marks.push({ time: record.RecordTime, code: record.EventCode });
         }
       }
-      if (state.position >= this.places.length * stretch && state.end === goesOn) {
-        this.places.push({ saved: core.save(), counts: this.countedSoFar() });
-      }
-      tell(state.position / core.source.size);
+      if (state.end === goesOn) places.note(state.position, () => this.countedSoFar());
+      await job.turn(state.position / core.source.size);
     }
     this.counts = this.countedSoFar();
     return {
@@ -125,69 +129,74 @@ export class Measurement {
     );
   }
 
-  // Walks from a place on, with the whole records of one kind; visit ends it with false.
-  private walk(
-    place: Place,
+  // Walks through stretches of the file, with the whole records of one kind; visit ends it with
+  // false. Says the stretch before it goes through it.
+  private async walk(
+    stretches: Iterable<number>,
     kind: RecordInfo,
-    visit: (view: DataView, entry: BatchEntry) => boolean,
-    tell?: Tell,
-  ): void {
-    const { core } = this;
-    core.restore(place.saved);
-    core.want([kind.code]);
-    let state = core.state();
-    while (state.end === goesOn) {
-      core.walkOn(undefined, mostRecords);
-      state = core.state();
-      const view = core.view();
-      for (const entry of core.batch(view)) {
-        if (infoOf(entry) !== kind || !entry.isWhole) continue;
-        if (!visit(view, entry)) return;
+    job: Job,
+    visit: (view: DataView, entry: BatchEntry) => unknown,
+    begin?: (stretch: number) => void,
+  ): Promise<void> {
+    const { core, places } = this;
+    let next = -1;
+    for (const stretch of stretches) {
+      if (stretch !== next) {
+        places.goTo(stretch);
+        core.want([kind.code]);
       }
-      tell?.(state.position / core.source.size);
+      next = stretch + 1;
+      begin?.(stretch);
+      const end = next < places.count ? places.endOf(stretch) : undefined;
+      let state = core.state();
+      while (state.end === goesOn && (end === undefined || state.position < end)) {
+        core.walkOn(end, mostSteps);
+        state = core.state();
+        const view = core.view();
+        for (const entry of core.batch(view)) {
+          if (infoOf(entry) !== kind || !entry.isWhole) continue;
+          if (visit(view, entry) === false) return;
+        }
+        await job.turn(state.position / core.source.size);
+      }
     }
   }
 
-  /** Takes up a series of levels. */
-  takeSeries(choice: SeriesChoice, tell: Tell): SeriesExtent {
+  private get everywhere(): number[] {
+    return Array.from({ length: this.places.count }, (_, i) => i);
+  }
+
+  /** Takes up a series of levels; the one before stays until it is there. */
+  async takeSeries(choice: SeriesChoice, job: Job): Promise<SeriesExtent> {
     const info = recordNamed(choice.kind);
-    const offsetOf = (name: string): number =>
-      info.fields.find((field) => field.name === name)?.offset ?? 0;
-    const valueAt = offsetOf(choice.field);
-    const timeAt = offsetOf("RecordTime");
-    const series = new LevelSeries();
+    const series = new StoredSeries(info, choice.field);
+    const { everywhere } = this;
+    await this.walk(
+      everywhere,
+      info,
+      job,
+      (view, { at }) => series.take(view, at),
+      (stretch) => series.begin(stretch),
+    );
+    const extent = series.finish();
     this.series = series;
-    const known = (level: number): number => (level === 999 ? NaN : level);
-    if (info.name === "TimeHistory") {
-      const countAt = offsetOf("EntryCount");
-      const periodAt = offsetOf("StreamPeriod");
-      const firstAt = offsetOf("FirstLevels");
-      const room = info.fields.find((field) => field.name === "FirstLevels")!.count;
-      this.walk(this.places[0]!, info, (view, { at }) => {
-        const start = view.getInt32(at + timeAt, true);
-        const period = view.getFloat32(at + periodAt, true);
-        const entries = Math.min(room, view.getUint16(at + countAt, true));
-        let samples = 0;
-        for (let i = 0; i < entries; ++i) {
-          // An entry that is not above 0 is a marker.
-          if (!(view.getFloat32(at + firstAt + f32 * i, true) > 0)) continue;
-          const level = view.getFloat32(at + valueAt + f32 * i, true);
-          series.add(start + period * samples++, known(level));
-        }
-        return true;
-      }, tell);
-    } else {
-      const isMarker = (view: DataView, at: number): boolean =>
-        info.name === "FieldHistory" && view.getFloat32(at + offsetOf("Level"), true) === -1;
-      this.walk(this.places[0]!, info, (view, { at }) => {
-        const time = view.getInt32(at + timeAt, true);
-        if (time > 0 && !isMarker(view, at)) {
-          series.add(time, known(view.getFloat32(at + valueAt, true)));
-        }
-        return true;
-      }, tell);
-    }
-    return series.finish();
+    return extent;
+  }
+
+  /** What is known of the series between two times, without reading. */
+  window({ from, to, most }: WindowChoice): SeriesWindow {
+    if (this.series === undefined) throw new Error("no series was taken up");
+    return this.series.window(from, to, most, this.places.stretch);
+  }
+
+  /** The same with every sample that lies there, read once more. */
+  async finerWindow({ from, to, most }: WindowChoice, job: Job): Promise<SeriesWindow> {
+    const { series } = this;
+    if (series === undefined) throw new Error("no series was taken up");
+    const part = series.part(from, to);
+    await this.walk(part.stretches, series.info, job, (view, { at }) => part.take(view, at));
+    part.finish();
+    return this.window({ from, to, most });
   }
 
   private passes(view: DataView, at: number, field: FieldInfo | undefined, filter: TimeFilter): boolean {
@@ -196,65 +205,69 @@ export class Measurement {
     return time >= filter.from && time <= filter.to;
   }
 
-  private ordinals(kind: string, filter: TimeFilter, tell?: Tell): number[] {
+  private async list(kind: string, filter: TimeFilter, job: Job): Promise<number[]> {
     const key = JSON.stringify([kind, filter]);
-    if (this.filtered?.key !== key) {
+    if (this.listed?.key === key) return this.listed.before;
+    const { everywhere, places } = this;
+    let before: number[] = [];
+    if (filter === null) {
+      before = everywhere.map((place) => places.countsAt(place).get(kind) ?? 0);
+      before.push(this.counts.get(kind) ?? 0);
+    } else {
       const info = recordNamed(kind);
       const field = timeField(info);
-      const ordinals: number[] = [];
-      let ordinal = 0;
-      this.walk(this.places[0]!, info, (view, { at }) => {
-        if (this.passes(view, at, field, filter)) ordinals.push(ordinal);
-        ++ordinal;
-        return true;
-      }, tell);
-      this.filtered = { key, ordinals };
+      let found = 0;
+      const visit = (view: DataView, { at }: BatchEntry): void => {
+        if (this.passes(view, at, field, filter)) ++found;
+      };
+      await this.walk(everywhere, info, job, visit, () => before.push(found));
+      before.push(found);
     }
-    return this.filtered.ordinals;
+    this.listed = { key, before };
+    return before;
   }
 
   /** How many records of a kind lie within the times. */
-  countOf(kind: string, filter: TimeFilter, tell: Tell): number {
-    return filter === null ? (this.counts.get(kind) ?? 0) : this.ordinals(kind, filter, tell).length;
+  async countOf(kind: string, filter: TimeFilter, job: Job): Promise<number> {
+    return (await this.list(kind, filter, job)).at(-1)!;
   }
 
   /** Records of a kind, by their place among those within the times. */
-  rows(kind: string, filter: TimeFilter, from: number, count: number): MeasurementRecord[] {
+  async rows({ kind, filter, from, count }: RowChoice, job: Job): Promise<MeasurementRecord[]> {
     const info = recordNamed(kind);
-    const listed = filter === null ? undefined : this.ordinals(kind, filter).slice(from, from + count);
-    const first = listed === undefined ? from : (listed[0] ?? 0);
-    const before = (place: Place): number => place.counts.get(kind) ?? 0;
-    const place = this.places.findLast((one) => before(one) <= first) ?? this.places[0]!;
-    const wanted = listed === undefined ? undefined : new Set(listed);
+    const field = timeField(info);
+    const before = await this.list(kind, filter, job);
+    const stretches = this.everywhere.filter((i) => before[i + 1]! > from && before[i]! < from + count);
     const found: MeasurementRecord[] = [];
-    const most = Math.min(count, wanted?.size ?? count);
-    let ordinal = before(place);
-    if (most === 0) return found;
-    this.walk(place, info, (view, entry) => {
-      const isAsked = wanted === undefined ? ordinal >= first : wanted.has(ordinal);
-      if (isAsked) found.push(recordAt(view, entry, info, this.core.zone));
+    let ordinal = 0;
+    const visit = (view: DataView, entry: BatchEntry): boolean => {
+      if (!this.passes(view, entry.at, field, filter)) return true;
+      if (ordinal >= from) found.push(recordAt(view, entry, info, this.core.zone));
       ++ordinal;
-      return found.length < most;
-    });
+      return found.length < count;
+    };
+    await this.walk(stretches, info, job, visit, (stretch) => (ordinal = before[stretch]!));
     return found;
   }
 
   /** All records of a kind within the times as a text. */
-  download(kind: string, filter: TimeFilter, format: Format, tell: Tell): Blob {
+  async download(
+    { kind, filter, format }: { kind: string; filter: TimeFilter; format: Format },
+    job: Job,
+  ): Promise<Blob> {
     const info = recordNamed(kind);
     const field = timeField(info);
     const parts: Blob[] = [];
     let text = format === "csv" ? csvHead(info) : "";
-    this.walk(this.places[0]!, info, (view, entry) => {
-      if (!this.passes(view, entry.at, field, filter)) return true;
+    await this.walk(this.everywhere, info, job, (view, entry) => {
+      if (!this.passes(view, entry.at, field, filter)) return;
       const record = recordAt(view, entry, info, this.core.zone);
       text += format === "csv" ? csvLine(info, record) : JSON.stringify(record) + "\n";
       if (text.length > 1 << 20) {
         parts.push(new Blob([text]));
         text = "";
       }
-      return true;
-    }, tell);
+    });
     parts.push(new Blob([text]));
     return new Blob(parts, { type: format === "csv" ? "text/csv" : "application/x-ndjson" });
   }

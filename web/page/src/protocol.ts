@@ -34,10 +34,29 @@ export interface SeriesExtent {
 }
 
 /** Extremes by time; where both are the same, samples. Null: no value. */
-export interface SeriesWindow {
+export interface SeriesPoints {
   times: number[];
   lows: (number | null)[];
   highs: (number | null)[];
+}
+
+export interface SeriesWindow extends SeriesPoints {
+  /** Whether a finer window gives more of it. */
+  canBeFiner: boolean;
+}
+
+export interface WindowChoice {
+  from: number;
+  to: number;
+  /** Points. */
+  most: number;
+}
+
+export interface RowChoice {
+  kind: string;
+  filter: TimeFilter;
+  from: number;
+  count: number;
 }
 
 export type Format = "csv" | "jsonl";
@@ -45,12 +64,10 @@ export type Format = "csv" | "jsonl";
 export interface Requests {
   open: { ask: { file: File; tz: string }; give: Opened };
   series: { ask: SeriesChoice; give: SeriesExtent };
-  window: { ask: { from: number; to: number; most: number }; give: SeriesWindow };
+  window: { ask: WindowChoice; give: SeriesWindow };
+  finerWindow: { ask: WindowChoice; give: SeriesWindow };
   filter: { ask: { kind: string; filter: TimeFilter }; give: number };
-  rows: {
-    ask: { kind: string; filter: TimeFilter; from: number; count: number };
-    give: MeasurementRecord[];
-  };
+  rows: { ask: RowChoice; give: MeasurementRecord[] };
   download: { ask: { kind: string; filter: TimeFilter; format: Format }; give: Blob };
 }
 export type RequestName = keyof Requests;
@@ -58,7 +75,12 @@ export type RequestName = keyof Requests;
 export type Question = {
   [N in RequestName]: { id: number; name: N; ask: Requests[N]["ask"] };
 }[RequestName];
+/** A question that needs no answer any more. */
+export interface Cancel {
+  cancel: number;
+}
 export type Answer =
   | { id: number; give: unknown }
   | { id: number; fault: string }
+  | { id: number; cancelled: true }
   | { id: number; progress: number };

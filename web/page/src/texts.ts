@@ -15,6 +15,8 @@ export const texts = {
   cancel: "Cancel",
   close: (name: string) => `Close ${name}`,
   cancelled: "Cancelled.",
+  stuck: "Cancelled. The work did not stop, so that the file was closed.",
+  openAgain: "Open again",
   whole: "The file is whole.",
   notWhole: "The file is not whole",
   unreadable: "This file cannot be read",
