@@ -93,7 +93,7 @@ test("the table by keyboard, and a record in full", async () => {
   const last = panel.locator('.table [aria-selected="true"]');
   await last.waitFor();
   assert.equal(await last.getAttribute("aria-rowindex"), "49");
-  const index = panel.locator(".fields tr").filter({ hasText: "RecordIndex" }).locator("td").first();
+  const index = panel.locator(".fields dl > div").filter({ hasText: "RecordIndex" }).locator("dd").first();
   assert.equal(await index.textContent(), "48");
   await context.close();
 });

@@ -25,6 +25,10 @@ function reopen(): void {
   for (const panel of panels) void panel.open(tz);
 }
 
+function recolour(): void {
+  for (const panel of panels) panel.recolour();
+}
+
 function zoneChoice(): HTMLElement {
   const zones = Intl.supportedValuesOf("timeZone").filter((zone) => zone !== clockZone);
   const choice = element(
@@ -48,7 +52,7 @@ function themeChoice(): HTMLElement {
   );
   choice.addEventListener("change", () => {
     document.documentElement.dataset["theme"] = choice.value;
-    reopen();
+    recolour();
   });
   return labelled(texts.theme, choice);
 }
@@ -59,8 +63,13 @@ function fileChoice(): HTMLElement {
     openFiles([...(input.files ?? [])]);
     input.value = "";
   });
-  const choose = labelled(texts.choose, input);
-  return element("div", { class: "drop" }, element("p", {}, texts.drop), choose, element("p", { class: "hint" }, texts.stays));
+  return element(
+    "div",
+    { class: "drop" },
+    element("p", {}, texts.drop),
+    element("label", { class: "choose" }, texts.choose, input),
+    element("p", { class: "hint" }, texts.stays),
+  );
 }
 
 function takeDrops(): void {
@@ -87,3 +96,4 @@ document.body.append(
   element("main", {}, fileChoice(), list),
 );
 takeDrops();
+matchMedia("(prefers-color-scheme: dark)").addEventListener("change", recolour);

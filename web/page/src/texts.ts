@@ -40,7 +40,8 @@ export const texts = {
   samples: (count: number) => `${number.format(count)} samples`,
   noSeries: "This file holds no levels over time.",
   plotHelp:
-    "Drag, wheel, + and - zoom; arrow keys, shift and wheel move; double click or 0 shows all.",
+    "Drag, wheel, two fingers, + and - zoom. Shift and drag, shift and wheel, one finger and the " +
+    "arrow keys move. Double click or 0 shows all.",
   zoomIn: "Zoom in",
   zoomOut: "Zoom out",
   earlier: "Earlier",
@@ -55,6 +56,7 @@ export const texts = {
   filter: "Filter",
   clear: "Clear",
   rows: (count: number) => (count === 1 ? "1 record" : `${number.format(count)} records`),
+  noRows: "No record lies within these times.",
   csv: "CSV",
   jsonl: "JSON lines",
   download: "Download",
