@@ -129,7 +129,8 @@ export class LevelPlot {
       stroke: () => this.colours.text,
       grid: { stroke: () => this.colours.grid, width: 1 },
     };
-    const line = { stroke: () => this.colours.line, width: 1, points: { show: false } };
+    const stroke = (): string => this.colours.line;
+    const line = { stroke, width: 1 };
     return {
       width: this.width(),
       height,
@@ -150,7 +151,12 @@ export class LevelPlot {
         },
       },
       scales: { x: { time: true } },
-      series: [{}, { ...line, label }, { ...line }],
+      // Where samples are few, each is a point; of extremes the higher have them.
+      series: [
+        {},
+        { ...line, label, points: { size: 4, stroke, fill: stroke } },
+        { ...line, points: { show: false } },
+      ],
       bands: [{ series: [1, 2], fill: () => this.colours.band }],
       axes: [{ ...axis, values: axisTimes }, { ...axis, label: texts.dB, labelSize: 20, size: 46 }],
       hooks: {

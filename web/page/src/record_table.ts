@@ -87,6 +87,7 @@ export class RecordTable {
       one._willUpdate();
       return unmount;
     });
+    if (count === 1) this.chosen = 0;
     this.root.addEventListener("scroll", () => this.refresh());
     this.root.addEventListener("keydown", (event) => this.onKey(event));
     this.refresh();
@@ -125,8 +126,9 @@ export class RecordTable {
     const first = this.shift() + Math.ceil(this.root.scrollTop / rowHeight);
     if (ordinal >= first && ordinal < first + rows) return;
     const target = ordinal < first ? ordinal : ordinal - rows + 1;
+    const share = target / (this.count - rows);
     const before = this.root.scrollTop;
-    this.root.scrollTop = (target / (this.count - rows)) * this.scrollRange();
+    this.root.scrollTop = Math.ceil((share * this.scrollRange()) / rowHeight) * rowHeight;
     const { scrollTop } = this.root;
     this.pinnedShift = { scrollTop, shift: target - Math.ceil(scrollTop / rowHeight) };
     if (scrollTop === before) this.refresh();

@@ -42,12 +42,11 @@ export function shownFields(info: RecordInfo): FieldInfo[] {
 
 export function valueText(field: FieldInfo, value: unknown, zone: Zone): string {
   if (value === null || value === undefined) return texts.empty;
+  if (Array.isArray(value)) {
+    return value.flat().map((one) => valueText(field, one, zone)).join(" ");
+  }
   if (field.kind === "time") return clockText(Number(value), zone) || texts.empty;
   if (typeof value === "number" && isDecibels(field)) return value.toFixed(2);
-  if (Array.isArray(value)) {
-    const all = value.flat() as (number | null)[];
-    return all.map((one) => one ?? texts.empty).join(" ");
-  }
   if (typeof value === "number") return String(value);
   return typeof value === "string" ? value : texts.empty;
 }
