@@ -212,10 +212,15 @@ test("the table by keyboard, and a record in full", async () => {
     await table.locator(`[aria-selected="true"][aria-rowindex="${row}"]`).waitFor();
     assert.ok(await isInView(table), `${key} to ${row}`);
   }
+  await page.keyboard.press("Home");
+  for (let i = 0; i < 15; ++i) await page.keyboard.press("ArrowDown");
+  await table.locator('[aria-selected="true"][aria-rowindex="17"]').waitFor();
+  assert.ok(await isInView(table), "down over the foot");
+  await page.keyboard.press("End");
   await page.keyboard.press("PageUp");
   await table.locator('[aria-selected="true"]:not([aria-rowindex="49"])').waitFor();
-  const page_ = 49 - Number(await last.getAttribute("aria-rowindex"));
-  assert.ok(page_ >= 8 && page_ <= 12, `a page of ${page_}`);
+  const paged = 49 - Number(await last.getAttribute("aria-rowindex"));
+  assert.ok(paged >= 8 && paged <= 12, `a page of ${paged}`);
   await page.keyboard.press("End");
   await table.locator('[aria-selected="true"][aria-rowindex="49"]').waitFor();
   const index = panel.locator(".fields dl > div").filter({ hasText: "RecordIndex" }).locator("dd").first();
@@ -618,7 +623,10 @@ test("a file of 300 MB in bounded memory, with a page that answers", async () =>
   await last.waitFor();
   assert.equal(await last.getAttribute("aria-rowindex"), String(count + 1));
   // By single rows where a pixel of the scroll bar is many of them.
-  const steps = [["ArrowUp", count], ["ArrowUp", count - 1], ["Home", 2], ["ArrowDown", 3]];
+  for (let i = 0; i < 20; ++i) await page.keyboard.press("ArrowUp");
+  await table.locator(`[aria-selected="true"][aria-rowindex="${count - 19}"]`).waitFor();
+  assert.ok(await isInView(table));
+  const steps = [["ArrowUp", count - 20], ["ArrowUp", count - 21], ["Home", 2], ["ArrowDown", 3]];
   for (const [key, row] of steps) {
     await page.keyboard.press(key);
     await table.locator(`[aria-selected="true"][aria-rowindex="${row}"]`).waitFor();

@@ -79,6 +79,10 @@ export class LevelPlot {
     // Behind that of uPlot, which knows no more than what it draws.
     this.root.addEventListener("dblclick", () => this.all());
     this.root.addEventListener("wheel", (event) => this.onWheel(event), { passive: false });
+    // With the middle button some systems scroll.
+    this.root.addEventListener("mousedown", (event) => {
+      if (event.button === middleButton) event.preventDefault();
+    });
     this.root.addEventListener("pointerdown", (event) => this.onHold(event));
     this.root.addEventListener("pointermove", (event) => this.onMove(event));
     for (const name of ["pointerup", "pointercancel"] as const) {
@@ -139,17 +143,7 @@ export class LevelPlot {
         const clock = (time + this.zone.changeAt(time).offset) * 1000;
         return uPlot.tzDate(new Date(clock), "UTC");
       },
-      cursor: {
-        drag: { x: true, y: false, setScale: true },
-        // A drag with shift or the middle button moves, and neither selects nor scrolls.
-        bind: {
-          mousedown: (_plot, _target, handler) => (event) => {
-            if (event.shiftKey || event.button === middleButton) event.preventDefault();
-            else handler(event);
-            return null;
-          },
-        },
-      },
+      cursor: { drag: { x: true, y: false, setScale: true } },
       scales: { x: { time: true } },
       // Where samples are few, each is a point; of extremes the higher have them.
       series: [
@@ -262,6 +256,7 @@ export class LevelPlot {
   }
 
   // Fingers, the middle button, and any with shift hold the plot: the time under them goes along.
+  // What is captured here, uPlot does not take for a selection.
   private onHold(event: PointerEvent): void {
     const plot = this.plot;
     const isMoving =
