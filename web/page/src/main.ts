@@ -7,6 +7,7 @@ import { texts } from "./texts.js";
 
 const panels = new Set<FilePanel>();
 const list = element("div", { class: "files" });
+const input = element("input", { type: "file", multiple: true });
 let tz = clockZone;
 
 function openFiles(files: Iterable<File>): void {
@@ -14,6 +15,7 @@ function openFiles(files: Iterable<File>): void {
     const panel = new FilePanel(file, tz, (closed) => {
       closed.root.remove();
       panels.delete(closed);
+      input.focus(); // what had it is gone
     });
     panels.add(panel);
     list.append(panel.root);
@@ -58,7 +60,6 @@ function themeChoice(): HTMLElement {
 }
 
 function fileChoice(): HTMLElement {
-  const input = element("input", { type: "file", multiple: true });
   input.addEventListener("change", () => {
     openFiles([...(input.files ?? [])]);
     input.value = "";
