@@ -208,7 +208,10 @@ export class FilePanel {
     const show = async (): Promise<void> => {
       const kind = choice.value;
       const asked = filter;
-      const rows = await this.during((tell) => asker.ask("filter", { kind, filter: asked }, tell));
+      const rows =
+        asked === null
+          ? kinds.find(({ name }) => name === kind)!.count
+          : await this.during((tell) => asker.ask("filter", { kind, filter: asked }, tell));
       const info = recordNamed(kind);
       const choose = (record: MeasurementRecord): void =>
         details.replaceChildren(recordDetails(info, record, this.zone));
@@ -236,6 +239,11 @@ export class FilePanel {
     };
     const save = (format: Format): void => void this.save(asker, choice.value, filter, format);
     choice.addEventListener("change", update);
+    for (const input of [from, to]) {
+      input.addEventListener("keydown", ({ key }) => {
+        if (key === "Enter") apply();
+      });
+    }
     update();
     return element(
       "section",

@@ -90,7 +90,8 @@ export class RecordTable {
     if (count === 1) this.chosen = 0;
     this.root.addEventListener("scroll", () => this.refresh());
     this.root.addEventListener("keydown", (event) => this.onKey(event));
-    this.refresh();
+    // Before it has a place in the page, and so before longer work is asked for.
+    void this.ask(0, Math.min(count, heldRows));
   }
 
   destroy(): void {
