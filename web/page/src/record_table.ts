@@ -18,7 +18,8 @@ export type AskRows = (from: number, count: number) => Promise<MeasurementRecord
 
 const rowHeight = 26; // pixels, as in the style
 const headHeight = 28;
-const mostSlots = 300_000; // rows as tall as the tallest element that all browsers have
+// Rows as tall as the tallest element that all browsers have; of each the virtualizer keeps its place.
+const mostSlots = 300_000;
 const spareRows = 10; // drawn above and below what is in view
 const heldRows = 40; // asked for above and below what is drawn
 const spareColumns = 2;
