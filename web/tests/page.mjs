@@ -46,7 +46,7 @@ export async function panelOf(page, name) {
 
 /** Names and values of what the panel tells of the file. */
 export async function factsOf(panel) {
-  return panel.locator("dl > div").evaluateAll((rows) =>
+  return panel.locator(".summary dl > div").evaluateAll((rows) =>
     Object.fromEntries(rows.map((row) => [row.children[0].textContent, row.children[1].textContent])),
   );
 }

@@ -77,12 +77,124 @@ test("rows of a table hold what dump gives, in a zone", async () => {
     const local = expected[i].RecordTimeLocal;
     assert.equal(cell("RecordTime"), `${local.slice(0, 19).replace("T", " ")} ${local.slice(19)}`);
     assert.equal(Number(cell("LevelA")), Math.round(expected[i].LevelA * 100) / 100);
-    assert.equal(cell("RecordIndex"), String(expected[i].RecordIndex));
+    assert.equal(cell("EndTime").slice(0, 19), expected[i].EndTimeLocal.slice(0, 19).replace("T", " "));
   }
   assert.match(await panel.locator(".rows").textContent(), /^48 records$/);
   assert.ok(heads.includes("LevelA (dB)"));
   const hint = await panel.getByRole("columnheader", { name: "RecordTime", exact: true }).getAttribute("title");
   assert.equal(hint, "time: start of the interval");
+  await context.close();
+});
+
+test("all fields of a kind that are no arrays are columns, of which those in view exist", async () => {
+  const { page, context } = await openPage(browser, { viewport: { width: 1280, height: 900 } });
+  const name = "general_blocks.qvd";
+  await choose(page, [samplesFolder + name]);
+  const panel = await panelOf(page, name);
+  await panel.getByLabel("Kind").selectOption("Results");
+  const table = panel.locator('.table[aria-label="Results"]');
+  await table.locator(".body .row").first().waitFor();
+  const record = dump(samplesFolder + name, "UTC", ["--records", "Results"]).records[0];
+  const names = Object.keys(record).filter(
+    (key) => !Array.isArray(record[key]) && !/^(record|code)$|Local$/.test(key),
+  );
+  assert.ok(names.length > 100);
+  assert.equal(await table.getAttribute("aria-colcount"), String(names.length));
+
+  const read = () =>
+    table.evaluate((one) => {
+      const cells = (row) =>
+        [...row.children].map((cell) => [Number(cell.getAttribute("aria-colindex")), cell.textContent]);
+      const times = one.querySelector(".body .pinned").getBoundingClientRect();
+      return {
+        heads: cells(one.querySelector(".head .row")),
+        values: cells(one.querySelector(".body .row")),
+        times: times.left - one.getBoundingClientRect().left,
+      };
+    });
+  const heads = new Map();
+  const values = new Map();
+  await table.focus();
+  for (let i = 0; i < names.length; ++i) {
+    const seen = await read();
+    assert.ok(seen.heads.length < 30, `${seen.heads.length} columns at once`);
+    assert.deepEqual(seen.heads.map(([index]) => index), seen.values.map(([index]) => index));
+    assert.ok(seen.times >= 0 && seen.times < 4, "times stay at the left");
+    for (const [index, text] of seen.heads) heads.set(index, text.split(" ")[0]);
+    for (const [index, text] of seen.values) values.set(heads.get(index), text);
+    await page.keyboard.press("ArrowRight");
+    await page.waitForTimeout(20);
+  }
+  assert.deepEqual([...heads.values()].sort(), names.sort());
+  for (const key of names) {
+    const expected = record[key];
+    const local = record[`${key}Local`];
+    const shown = values.get(key);
+    if (local !== undefined) {
+      assert.equal(shown, local?.slice(0, 19).replace("T", " ") ?? "–", key);
+    } else if (typeof expected === "number") {
+      assert.ok(Math.abs(Number(shown) - expected) <= 0.005, `${key}: ${shown} for ${expected}`);
+    } else {
+      assert.equal(shown, expected ?? "–", key);
+    }
+  }
+  const far = await table.evaluate((one) => one.scrollLeft);
+  await page.keyboard.press("ArrowLeft");
+  await page.waitForTimeout(50);
+  assert.ok((await table.evaluate((one) => one.scrollLeft)) < far);
+  await context.close();
+});
+
+test("scrolling has one question for rows in flight", async () => {
+  const { page, context } = await openPage(browser);
+  await page.addInitScript(() => {
+    globalThis.told = { asked: 0, most: 0 };
+    const open = new Set();
+    globalThis.Worker = class extends Worker {
+      constructor(...all) {
+        super(...all);
+        this.addEventListener("message", (event) => open.delete(event.data.id));
+      }
+      postMessage(question) {
+        if (question.name === "rows") {
+          ++globalThis.told.asked;
+          open.add(question.id);
+          globalThis.told.most = Math.max(globalThis.told.most, open.size);
+        }
+        super.postMessage(question);
+      }
+    };
+  });
+  await page.reload();
+  const name = "general_day.qvd";
+  await choose(page, [samplesFolder + name]);
+  const panel = await panelOf(page, name);
+  const records = dump(samplesFolder + name).records;
+  const [kind, count] = Object.entries(countsOf(records)).reduce((a, b) => (a[1] > b[1] ? a : b));
+  assert.ok(count > 500, `${count} ${kind}`);
+  await panel.getByLabel("Kind").selectOption(kind);
+  const table = panel.locator(`.table[aria-label="${kind}"]`);
+  await table.locator(".body .row").first().waitFor();
+  await page.evaluate(() => (globalThis.told.most = 0));
+  await table.evaluate(async (one) => {
+    for (let i = 0; i < 60; ++i) {
+      one.scrollTop = ((i * 37) % 60) * 200;
+      await new Promise(requestAnimationFrame);
+    }
+    one.scrollTop = one.scrollHeight;
+  });
+  const last = table.locator(`[aria-rowindex="${count + 1}"]`);
+  await last.waitFor();
+  const times = records.filter((record) => record.record === kind);
+  const { from, shown } = await table.evaluate((one) => ({
+    from: Number(one.querySelector(".body .row").getAttribute("aria-rowindex")) - 2,
+    shown: [...one.querySelectorAll(".body .row")].map((row) => row.children[0].textContent),
+  }));
+  const clock = (record) => record.RecordTimeLocal.slice(0, 19).replace("T", " ");
+  assert.deepEqual(shown, times.slice(from).map(clock));
+  const told = await page.evaluate(() => globalThis.told);
+  assert.equal(told.most, 1);
+  assert.ok(told.asked > 3);
   await context.close();
 });
 
@@ -96,10 +208,39 @@ test("the table by keyboard, and a record in full", async () => {
   const last = panel.locator('.table [aria-selected="true"]');
   await last.waitFor();
   assert.equal(await last.getAttribute("aria-rowindex"), "49");
-  const index = panel.locator(".fields tr").filter({ hasText: "RecordIndex" }).locator("td").first();
+  const table = panel.locator(".table");
+  assert.equal(await table.getAttribute("aria-activedescendant"), await last.getAttribute("id"));
+  for (const [key, row] of [["ArrowUp", 48], ["Home", 2], ["ArrowUp", 2], ["ArrowDown", 3], ["End", 49]]) {
+    await page.keyboard.press(key);
+    await table.locator(`[aria-selected="true"][aria-rowindex="${row}"]`).waitFor();
+    assert.ok(await isInView(table), `${key} to ${row}`);
+  }
+  await page.keyboard.press("Home");
+  for (let i = 0; i < 15; ++i) await page.keyboard.press("ArrowDown");
+  await table.locator('[aria-selected="true"][aria-rowindex="17"]').waitFor();
+  assert.ok(await isInView(table), "down over the foot");
+  await page.keyboard.press("End");
+  await page.keyboard.press("PageUp");
+  await table.locator('[aria-selected="true"]:not([aria-rowindex="49"])').waitFor();
+  const paged = 49 - Number(await last.getAttribute("aria-rowindex"));
+  assert.ok(paged >= 8 && paged <= 12, `a page of ${paged}`);
+  await page.keyboard.press("End");
+  await table.locator('[aria-selected="true"][aria-rowindex="49"]').waitFor();
+  const index = panel.locator(".fields dl > div").filter({ hasText: "RecordIndex" }).locator("dd").first();
   assert.equal(await index.textContent(), "48");
   await context.close();
 });
+
+// Whether the chosen row stands between the head and the foot of its table.
+function isInView(table) {
+  return table.evaluate(async (one) => {
+    await new Promise((resolve) => setTimeout(resolve, 50));
+    const row = one.querySelector('[aria-selected="true"]')?.getBoundingClientRect();
+    const head = one.querySelector(".head").getBoundingClientRect();
+    const foot = one.getBoundingClientRect().top + one.clientTop + one.clientHeight;
+    return row !== undefined && row.top >= head.bottom - 1 && row.bottom <= foot + 1;
+  });
+}
 
 test("a filter by time", async () => {
   const { page, context } = await openPage(browser);
@@ -117,6 +258,10 @@ test("a filter by time", async () => {
   assert.match(await first.textContent(), /^2024-10-26 23:00:00/);
   await panel.getByRole("button", { name: "Clear" }).click();
   await panel.getByText("48 records", { exact: true }).waitFor();
+  await panel.getByLabel("From", { exact: true }).fill("2030-01-01T00:00:00");
+  await page.keyboard.press("Enter");
+  await panel.getByText("No record lies within these times.").waitFor();
+  assert.equal(await panel.locator(".table").count(), 0);
   await context.close();
 });
 
@@ -161,13 +306,17 @@ test("spectra and distributions as bars", async () => {
   const said = await bars.allTextContents();
   assert.ok(said.length > 6);
   said.forEach((text, i) => assert.equal(text, `${i + 1}: ${expected.BandsA[i]}`));
+  const rounded = (value) => String(Math.round(value * 100) / 100);
+  const range = `${rounded(Math.min(0, ...expected.BandsA))} to ${rounded(Math.max(...expected.BandsA))}`;
+  assert.equal(await bands.locator("figcaption .hint").first().textContent(), range);
 
   const summaries = dump(samplesFolder + "general_short_term.qvd", "UTC", ["--records", "Summary"]).records;
   const at = summaries.findIndex((record) => record.DistributionPresent === 1);
   assert.ok(at >= 0);
   const short = await panelOf(page, "general_short_term.qvd");
   await short.getByLabel("Kind").selectOption("Summary");
-  await short.locator('.table[aria-label="Summary"] .body .row').nth(at).click();
+  // A single record needs no choice.
+  assert.equal(summaries.length, 1);
   const chart = short.locator("figure").filter({ hasText: "Level distribution" });
   await chart.waitFor();
   const bytes = summaries[at].Distribution;
@@ -222,6 +371,128 @@ test("zoom and pan of levels, and the value under the pointer", async () => {
   await context.close();
 });
 
+async function plotView(page, plot) {
+  await page.waitForTimeout(150);
+  const { from, to } = await plot.evaluate((one) => ({ ...one.dataset }));
+  return { from: Number(from), to: Number(to), length: to - from };
+}
+
+function assertNear(found, expected, tolerance, what) {
+  assert.ok(Math.abs(found - expected) <= tolerance, `${what}: ${found}, not ${expected}`);
+}
+
+test("levels are moved by a drag with shift and with the middle button", async () => {
+  const { page, context } = await openPage(browser);
+  await choose(page, [night]);
+  const panel = await panelOf(page, "night_europe.qvd");
+  const plot = panel.locator(".plot");
+  await plot.locator("canvas").waitFor();
+  await plot.focus();
+  for (const key of ["+", "+", "+"]) await page.keyboard.press(key);
+  const box = await plot.locator(".u-over").boundingBox();
+  const drag = async (distance, button) => {
+    await page.mouse.move(box.x + box.width / 2, box.y + 40);
+    await page.mouse.down({ button });
+    await page.mouse.move(box.x + box.width / 2 + distance, box.y + 40, { steps: 5 });
+    await page.mouse.up({ button });
+  };
+  let before = await plotView(page, plot);
+  for (const [distance, button, shift] of [[100, "left", true], [-60, "middle", false]]) {
+    if (shift) await page.keyboard.down("Shift");
+    await drag(distance, button);
+    if (shift) await page.keyboard.up("Shift");
+    const moved = await plotView(page, plot);
+    const pixel = before.length / box.width;
+    assertNear(moved.length, before.length, pixel, `length after ${button}`);
+    assertNear(moved.from, before.from - distance * pixel, 2 * pixel, `start after ${button}`);
+    before = moved;
+  }
+  // At its ends it stops.
+  await page.keyboard.down("Shift");
+  for (let i = 0; i < 6; ++i) await drag(box.width / 2 - 5, "left");
+  await page.keyboard.up("Shift");
+  const intervals = dump(night, "UTC", ["--records", "Interval"]).records;
+  assert.equal((await plotView(page, plot)).from, intervals[0].RecordTime);
+  await context.close();
+});
+
+test("levels are moved by a finger and zoomed by two", async () => {
+  const { page, context } = await openPage(browser, { viewport: { width: 390, height: 844 }, hasTouch: true });
+  await choose(page, [night]);
+  const panel = await panelOf(page, "night_europe.qvd");
+  const plot = panel.locator(".plot");
+  await plot.locator("canvas").waitFor();
+  await plot.scrollIntoViewIfNeeded();
+  const box = await plot.locator(".u-over").boundingBox();
+  const middle = box.x + box.width / 2;
+  const y = box.y + 60;
+  const client = await context.newCDPSession(page);
+  const touch = (type, ...xs) =>
+    client.send("Input.dispatchTouchEvent", { type, touchPoints: xs.map((x, id) => ({ x, y, id })) });
+  const all = await plotView(page, plot);
+
+  await touch("touchStart", middle - 30);
+  await touch("touchStart", middle - 30, middle + 30);
+  for (const half of [40, 50, 60]) await touch("touchMove", middle - half, middle + half);
+  await touch("touchEnd");
+  const near = await plotView(page, plot);
+  const pixel = all.length / box.width;
+  assertNear(near.length, all.length / 2, 4 * pixel, "length between two fingers");
+  assertNear((near.from + near.to) / 2, (all.from + all.to) / 2, 4 * pixel, "middle between two fingers");
+
+  await touch("touchStart", middle);
+  for (const distance of [10, 25, 40]) await touch("touchMove", middle + distance);
+  await touch("touchEnd");
+  const moved = await plotView(page, plot);
+  assertNear(moved.length, near.length, pixel, "length under a finger");
+  assertNear(moved.from, near.from - (40 * near.length) / box.width, 2 * pixel, "start under a finger");
+
+  // A swipe along the other axis scrolls the page.
+  const swipe = (type, ...ys) =>
+    client.send("Input.dispatchTouchEvent", { type, touchPoints: ys.map((at) => ({ x: middle, y: at })) });
+  const scrolled = await page.evaluate(() => scrollY);
+  await swipe("touchStart", y + 60);
+  for (const up of [40, 10, -20, -50]) await swipe("touchMove", y + up);
+  await swipe("touchEnd");
+  await page.waitForTimeout(200);
+  assert.ok((await page.evaluate(() => scrollY)) > scrolled);
+  assert.equal((await plotView(page, plot)).from, moved.from);
+  await context.close();
+});
+
+test("other colours need no second look at the file", async () => {
+  const { page, context } = await openPage(browser, { colorScheme: "light" });
+  await choose(page, [night]);
+  const panel = await panelOf(page, "night_europe.qvd");
+  await panel.locator(".plot canvas").waitFor();
+  await panel.locator(".summary").evaluate((one) => (one.dataset.seen = "before"));
+  const lineColours = () =>
+    panel.locator(".plot canvas").evaluate((canvas) => {
+      const { data } = canvas.getContext("2d").getImageData(0, 0, canvas.width, canvas.height);
+      const found = new Set();
+      for (let i = 0; i < data.length; i += 4) {
+        if (data[i + 3] === 255) found.add([data[i], data[i + 1], data[i + 2]].join());
+      }
+      return [...found];
+    });
+  const light = "11,92,173";
+  const dark = "125,184,245";
+  await page.waitForTimeout(200);
+  assert.ok((await lineColours()).includes(light));
+  await page.getByLabel("Colours").selectOption("dark");
+  await page.waitForTimeout(200);
+  const found = await lineColours();
+  assert.ok(found.includes(dark) && !found.includes(light));
+  await page.getByLabel("Colours").selectOption("auto");
+  await page.waitForTimeout(200);
+  assert.ok((await lineColours()).includes(light));
+  await page.emulateMedia({ colorScheme: "dark" });
+  await page.waitForTimeout(200);
+  assert.ok((await lineColours()).includes(dark));
+  assert.equal(await panel.locator(".summary").getAttribute("data-seen"), "before");
+  await context.close();
+});
+
 test("a title with markup stays text", async () => {
   const { page, context, faults } = await openPage(browser);
   const title = "<img src=x o>";
@@ -268,6 +539,7 @@ test("files are dropped", async () => {
   }
   await page.getByRole("button", { name: "Close night_america.qvd" }).click();
   assert.equal(await page.locator("section.file").count(), 1);
+  assert.equal(await page.evaluate(() => document.activeElement.type), "file");
   await context.close();
 });
 
@@ -334,6 +606,8 @@ test("a file of 300 MB in bounded memory, with a page that answers", async () =>
   const watch = watchMemory();
   await choose(page, [large()]);
   const panel = await panelOf(page, "large.qvd");
+  await panel.locator(".table .body .row").first().waitFor();
+  assert.equal(await panel.locator(".plot canvas").count(), 0, "rows come before levels");
   await panel.locator(".plot canvas").waitFor({ timeout: 60_000 });
   const most = watch.end().all;
   await collectGarbage(page);
@@ -347,8 +621,30 @@ test("a file of 300 MB in bounded memory, with a page that answers", async () =>
   const [name, count] = Object.entries(kinds).reduce((a, b) => (a[1] > b[1] ? a : b));
   assert.ok(count > 1_000_000);
   await panel.getByLabel("Kind").selectOption(name);
+  const table = panel.locator(`.table[aria-label="${name}"]`);
   const last = await lastRow(page, panel, name);
   assert.equal(await last.getAttribute("aria-rowindex"), String(count + 1));
+  // By single rows where a pixel of the scroll bar is many of them.
+  for (let i = 0; i < 20; ++i) await page.keyboard.press("ArrowUp");
+  await table.locator(`[aria-selected="true"][aria-rowindex="${count - 19}"]`).waitFor();
+  assert.ok(await isInView(table));
+  const steps = [["ArrowUp", count - 20], ["ArrowUp", count - 21], ["Home", 2], ["ArrowDown", 3]];
+  for (const [key, row] of steps) {
+    await page.keyboard.press(key);
+    await table.locator(`[aria-selected="true"][aria-rowindex="${row}"]`).waitFor();
+    assert.ok(await isInView(table), `${key} to ${row}`);
+  }
+  for (let i = 0; i < 30; ++i) await page.keyboard.press("ArrowDown");
+  await table.locator('[aria-selected="true"][aria-rowindex="33"]').waitFor();
+  assert.ok(await isInView(table));
+  await table.evaluate((one) => (one.scrollTop = (one.scrollHeight - one.clientHeight) / 2));
+  await page.waitForFunction(
+    ([kind, all]) => {
+      const row = document.querySelector(`.table[aria-label="${kind}"] .body .row`);
+      return row !== null && Math.abs(Number(row.getAttribute("aria-rowindex")) / all - 0.5) < 0.001;
+    },
+    [name, count],
+  );
   assert.deepEqual(faults, []);
   await context.close();
 });

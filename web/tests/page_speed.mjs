@@ -47,25 +47,42 @@ for (let round = 0; round < 3; ++round) {
   const kept = watch.now().all;
   await page.evaluate(() => (globalThis.waits = []));
 
-  // Frames while the levels are moved through, with the keys of a user.
-  await panel.locator(".plot").focus();
-  const frames = page.evaluate(
-    () =>
-      new Promise((resolve) => {
-        const gaps = [];
-        let last = performance.now();
-        const frame = (now) => {
-          gaps.push(now - last);
-          last = now;
-          if (gaps.length < 120) requestAnimationFrame(frame);
-          else resolve(gaps.slice(1).sort((a, b) => a - b));
-        };
-        requestAnimationFrame(frame);
-      }),
-  );
-  for (let i = 0; i < 12; ++i) await page.keyboard.press(["+", "ArrowRight", "+", "ArrowLeft", "-"][i % 5]);
-  const gaps = await frames;
-
+  // Frames while the levels are moved through, with the keys and the pointer of a user.
+  const framesWhile = async (move) => {
+    const frames = page.evaluate(
+      () =>
+        new Promise((resolve) => {
+          const gaps = [];
+          let last = performance.now();
+          const frame = (now) => {
+            gaps.push(now - last);
+            last = now;
+            if (gaps.length < 120) requestAnimationFrame(frame);
+            else resolve(gaps.slice(1).sort((a, b) => a - b));
+          };
+          requestAnimationFrame(frame);
+        }),
+    );
+    await move();
+    const gaps = await frames;
+    return `half within ${ms(gaps[gaps.length >> 1])}, all within ${ms(gaps.at(-1))}`;
+  };
+  const ms = (time) => `${Number(time).toFixed(0)} ms`;
+  const plot = panel.locator(".plot");
+  await plot.focus();
+  const byKeys = await framesWhile(async () => {
+    for (let i = 0; i < 12; ++i) await page.keyboard.press(["+", "ArrowRight", "+", "ArrowLeft", "-"][i % 5]);
+  });
+  await plot.scrollIntoViewIfNeeded();
+  const box = await plot.locator(".u-over").boundingBox();
+  const byPointer = await framesWhile(async () => {
+    await page.keyboard.down("Shift");
+    await page.mouse.move(box.x + 100, box.y + 50);
+    await page.mouse.down();
+    for (let i = 0; i < 100; ++i) await page.mouse.move(box.x + 100 + 9 * (i < 50 ? i : 100 - i), box.y + 50);
+    await page.mouse.up();
+    await page.keyboard.up("Shift");
+  });
   // Windows of every sample, from the question to the answer.
   for (let i = 0; i < 20; ++i) await page.keyboard.press("+");
   for (let i = 0; i < 4; ++i) {
@@ -74,11 +91,10 @@ for (let round = 0; round < 3; ++round) {
   }
   const finer = await page.evaluate(() => globalThis.finer);
   waits.push(...(await page.evaluate(() => globalThis.waits)));
-  const ms = (time) => `${Number(time).toFixed(0)} ms`;
   console.log(
     `${name}: first plot after ${ms(first)}, the walk of it ${ms(walk)}, ${samples} samples; longest task of ` +
-      `the page ${ms(Math.max(0, ...waits))}; frames while moving: half within ${ms(gaps[gaps.length >> 1])}, ` +
-      `all within ${ms(gaps.at(-1))}; memory ${memory.toFixed(0)} MB at most, ${kept.toFixed(0)} MB kept; ` +
+      `the page ${ms(Math.max(0, ...waits))}; frames by keys: ${byKeys}; while dragging: ${byPointer}; ` +
+      `memory ${memory.toFixed(0)} MB at most, ${kept.toFixed(0)} MB kept; ` +
       `finer windows after ${finer.map(ms).join(", ")}`,
   );
   await context.close();

@@ -1,10 +1,12 @@
 // take_screenshots: the pictures of docs/browser.md.
+import { spawnSync } from "node:child_process";
+
 import { choose, openPage, panelOf, startBrowser } from "./page.mjs";
 import { root, samplesFolder } from "./native.mjs";
 
 const browser = await startBrowser();
 const shots = [
-  { to: "browser_window.png", viewport: { width: 1600, height: 1180 }, files: ["night_europe.qvd", "bands_general.qvd"] },
+  { to: "browser_window.png", viewport: { width: 1280, height: 1490 }, files: ["night_europe.qvd", "bands_general.qvd"] },
   { to: "browser_phone.png", viewport: { width: 390, height: 844 }, files: ["model442_logging.qvd"], colorScheme: "dark" },
 ];
 for (const { to, files, ...options } of shots) {
@@ -16,13 +18,19 @@ for (const { to, files, ...options } of shots) {
     await panel.locator(".table .body .row").first().waitFor();
     if (name.startsWith("bands")) {
       await panel.getByLabel("Kind").selectOption("IntervalBands");
-      await panel.locator('.table[aria-label="IntervalBands"] .body .row').first().click();
+      await panel.locator('.table[aria-label="IntervalBands"] .body .row').first().locator("div").first().click();
     }
   }
   await page.waitForTimeout(400);
-  if (to === "browser_phone.png") await page.locator("section.file").scrollIntoViewIfNeeded();
-  if (to === "browser_phone.png") await page.evaluate(() => scrollTo(0, document.querySelector(".levels").offsetTop - 120));
-  await page.screenshot({ path: `${root}docs/${to}` });
+  if (to === "browser_phone.png") {
+    await page.evaluate(() => document.querySelector(".levels").scrollIntoView());
+  } else {
+    await page.evaluate(() => scrollTo(0, 0));
+  }
+  const path = `${root}docs/${to}`;
+  await page.screenshot({ path });
+  // Text and lines have few colours.
+  spawnSync("convert", [path, "+dither", "-colors", "64", `PNG8:${path}`], { stdio: "inherit" });
   await context.close();
 }
 await browser.close();

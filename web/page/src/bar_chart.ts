@@ -9,6 +9,7 @@ export interface Bar {
 
 const width = 420;
 const height = 120;
+const head = 4;
 const foot = 16;
 
 /** Bars from a bottom value on; each says its value to the pointer. */
@@ -16,8 +17,9 @@ export function barChart(title: string, bars: Bar[], bottom: number): HTMLElemen
   const known = bars.flatMap((bar) => (bar.value === null ? [] : [bar.value]));
   const top = Math.max(bottom + 1, ...known);
   const wide = width / bars.length;
+  const room = height - head - foot;
   const shapes = bars.map((bar, i) => {
-    const tall = bar.value === null ? 0 : ((bar.value - bottom) / (top - bottom)) * (height - foot);
+    const tall = bar.value === null ? 0 : ((bar.value - bottom) / (top - bottom)) * room;
     const said = `${bar.name}: ${bar.value ?? texts.noValue}`;
     return drawing(
       "rect",
@@ -37,7 +39,6 @@ export function barChart(title: string, bars: Bar[], bottom: number): HTMLElemen
       bars[i]?.name ?? "",
     ),
   );
-  const most = drawing("text", { x: 2, y: 10 }, `${top}`);
   const picture = drawing(
     "svg",
     {
@@ -47,9 +48,9 @@ export function barChart(title: string, bars: Bar[], bottom: number): HTMLElemen
     },
     ...shapes,
     ...names,
-    most,
   );
-  return element("figure", {}, element("figcaption", {}, title), picture);
+  const range = element("span", { class: "hint" }, texts.range(bottom, top));
+  return element("figure", {}, element("figcaption", {}, element("span", {}, title), range), picture);
 }
 
 const counts = 127;

@@ -65,6 +65,11 @@ export class FilePanel {
     );
   }
 
+  /** Takes the colours of the page anew. */
+  recolour(): void {
+    this.plot?.recolour();
+  }
+
   close(): void {
     this.asker?.end(new Cancelled(texts.cancelled));
     this.asker = undefined;
@@ -144,7 +149,10 @@ export class FilePanel {
     const isRead = kinds.length > 0;
     const list = facts
       .filter(([, value]) => value !== "" && isRead)
-      .map(([name, value]) => element("div", {}, element("dt", {}, name), element("dd", {}, value)));
+      .map(([name, value]) => {
+        const kind = name === texts.facts.titles ? "wide" : "";
+        return element("div", { class: kind }, element("dt", {}, name), element("dd", {}, value));
+      });
     const summary = element(
       "div",
       { class: "summary" },
@@ -197,11 +205,15 @@ export class FilePanel {
       { class: "tools" },
       labelled(texts.series, choice),
       samples,
-      button("+", () => plot.zoom(0.6), texts.zoomIn),
-      button("−", () => plot.zoom(1 / 0.6), texts.zoomOut),
-      button("←", () => plot.pan(-0.25), texts.earlier),
-      button("→", () => plot.pan(0.25), texts.later),
-      button(texts.all, () => plot.all()),
+      element(
+        "span",
+        { class: "control" },
+        button("+", () => plot.zoom(0.6), texts.zoomIn),
+        button("−", () => plot.zoom(1 / 0.6), texts.zoomOut),
+        button("←", () => plot.pan(-0.25), texts.earlier),
+        button("→", () => plot.pan(0.25), texts.later),
+        button(texts.all, () => plot.all()),
+      ),
     );
     part.append(tools, plot.root, plot.reading, element("p", { class: "hint" }, texts.plotHelp));
     // The plot has its width once it stands in the page.
@@ -225,6 +237,7 @@ export class FilePanel {
     const place = element("div");
     const details = element("div", {}, element("p", { class: "hint" }, texts.pick));
     let filter: TimeFilter = null;
+    let table: RecordTable | undefined;
     let shown: { kind: string; filter: TimeFilter } = { kind: choice.value, filter };
     const filterSignal = newest();
     const rowsSignal = newest();
@@ -233,11 +246,16 @@ export class FilePanel {
       const kind = choice.value;
       const asked = filter;
       const signal = filterSignal();
-      const counting = this.during((tell) => asker.ask("filter", { kind, filter: asked }, tell, signal));
-      const rows = await counting.catch((error: unknown) => {
-        if (!signal.aborted) ({ kind: choice.value, filter } = shown);
-        throw error;
-      });
+      let rows = kinds.find(({ name }) => name === kind)!.count;
+      if (asked !== null) {
+        const counting = this.during((tell) =>
+          asker.ask("filter", { kind, filter: asked }, tell, signal),
+        );
+        rows = await counting.catch((error: unknown) => {
+          if (!signal.aborted) ({ kind: choice.value, filter } = shown);
+          throw error;
+        });
+      }
       shown = { kind, filter: asked };
       const isShown = rowsSignal();
       const info = recordNamed(kind);
@@ -246,8 +264,10 @@ export class FilePanel {
       const ask = (first: number, most: number): Promise<MeasurementRecord[]> =>
         asker.ask("rows", { kind, filter: asked, from: first, count: most }, undefined, isShown);
       count.textContent = texts.rows(rows);
-      details.replaceChildren(element("p", { class: "hint" }, texts.pick));
-      place.replaceChildren(new RecordTable(info, rows, this.zone, ask, choose).root);
+      details.replaceChildren(...(rows > 0 ? [element("p", { class: "hint" }, texts.pick)] : []));
+      table?.destroy();
+      table = rows > 0 ? new RecordTable(info, rows, this.zone, ask, choose) : undefined;
+      place.replaceChildren(table?.root ?? element("p", {}, texts.noRows));
     };
     const update = (): void => void show().catch((error: unknown) => this.fail(error));
     const apply = (): void => {
@@ -265,6 +285,11 @@ export class FilePanel {
     };
     const save = (format: Format): void => void this.save(asker, choice.value, filter, format);
     choice.addEventListener("change", update);
+    for (const input of [from, to]) {
+      input.addEventListener("keydown", ({ key }) => {
+        if (key === "Enter") apply();
+      });
+    }
     update();
     return element(
       "section",
@@ -274,13 +299,22 @@ export class FilePanel {
         "div",
         { class: "tools" },
         labelled(texts.kind, choice),
+        count,
+        element(
+          "span",
+          { class: "control" },
+          texts.download,
+          button(texts.csv, () => save("csv"), `${texts.download} ${texts.csv}`),
+          button(texts.jsonl, () => save("jsonl"), `${texts.download} ${texts.jsonl}`),
+        ),
+      ),
+      element(
+        "div",
+        { class: "tools" },
         labelled(texts.from, from),
         labelled(texts.to, to),
         button(texts.filter, apply),
         button(texts.clear, clear),
-        count,
-        button(texts.csv, () => save("csv"), `${texts.download} ${texts.csv}`),
-        button(texts.jsonl, () => save("jsonl"), `${texts.download} ${texts.jsonl}`),
       ),
       place,
       details,

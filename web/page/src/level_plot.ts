@@ -29,9 +29,29 @@ const axisTimes: (string | number | null)[][] = [
   [0.001, "{ss}.{fff}", `${date} {HH}:{mm}`, null, dayAlone, null, "\n{HH}:{mm}", null, 1],
 ];
 
-function colour(name: string): string {
-  return getComputedStyle(document.documentElement).getPropertyValue(name).trim();
+const colourNames = ["text", "grid", "line", "band", "mark"] as const;
+type Colours = Record<(typeof colourNames)[number], string>;
+
+// The colours of the style, as a canvas takes them.
+function coloursIn(place: HTMLElement): Colours {
+  const probe = place.appendChild(element("span"));
+  const entries = colourNames.map((name) => {
+    probe.style.color = `var(--${name})`;
+    return [name, getComputedStyle(probe).color] as const;
+  });
+  probe.remove();
+  return Object.fromEntries(entries) as Colours;
 }
+
+// Where fingers, or a pointer that moves the view, took hold of the plot.
+interface Grip {
+  time: number; // under the middle of them
+  spread: number; // pixels between two fingers; 0 for one pointer
+  pixel: number; // seconds
+}
+
+const middleButton = 1;
+const closest = 20; // pixels between two fingers that are told from one
 
 export class LevelPlot {
   readonly root = element("div", {
@@ -45,6 +65,9 @@ export class LevelPlot {
   private isAsking = false;
   private isStale = false;
   private extent: SeriesExtent = { samples: 0, from: 0, to: 0 };
+  private colours: Colours = { text: "", grid: "", line: "", band: "", mark: "" };
+  private readonly held = new Map<number, { x: number; y: number }>(); // pointers, by their ids
+  private grip: Grip = { time: 0, spread: 0, pixel: 0 };
 
   constructor(
     private readonly zone: Zone,
@@ -56,12 +79,22 @@ export class LevelPlot {
     // Behind that of uPlot, which knows no more than what it draws.
     this.root.addEventListener("dblclick", () => this.all());
     this.root.addEventListener("wheel", (event) => this.onWheel(event), { passive: false });
+    // With the middle button some systems scroll.
+    this.root.addEventListener("mousedown", (event) => {
+      if (event.button === middleButton) event.preventDefault();
+    });
+    this.root.addEventListener("pointerdown", (event) => this.onHold(event));
+    this.root.addEventListener("pointermove", (event) => this.onMove(event));
+    for (const name of ["pointerup", "pointercancel"] as const) {
+      this.root.addEventListener(name, (event) => this.onRelease(event));
+    }
   }
 
   async show(extent: SeriesExtent, label: string): Promise<void> {
     this.extent = extent;
     const window = await this.askWindow(extent.from, extent.to, this.points());
     this.plot?.destroy();
+    this.colours = coloursIn(this.root);
     this.plot = new uPlot(this.options(label), this.data(window), this.root);
     this.all();
   }
@@ -69,6 +102,12 @@ export class LevelPlot {
   destroy(): void {
     this.plot?.destroy();
     this.plot = undefined;
+  }
+
+  /** Takes the colours anew. */
+  recolour(): void {
+    this.colours = coloursIn(this.root);
+    this.plot?.redraw();
   }
 
   private width(): number {
@@ -90,8 +129,12 @@ export class LevelPlot {
   }
 
   private options(label: string): uPlot.Options {
-    const axis = { stroke: colour("--text"), grid: { stroke: colour("--grid"), width: 1 } };
-    const line = { stroke: colour("--line"), width: 1, points: { show: false } };
+    const axis = {
+      stroke: () => this.colours.text,
+      grid: { stroke: () => this.colours.grid, width: 1 },
+    };
+    const stroke = (): string => this.colours.line;
+    const line = { stroke, width: 1 };
     return {
       width: this.width(),
       height,
@@ -102,8 +145,13 @@ export class LevelPlot {
       },
       cursor: { drag: { x: true, y: false, setScale: true } },
       scales: { x: { time: true } },
-      series: [{}, { ...line, label }, { ...line }],
-      bands: [{ series: [1, 2], fill: colour("--band") }],
+      // Where samples are few, each is a point; of extremes the higher have them.
+      series: [
+        {},
+        { ...line, label, points: { size: 4, stroke, fill: stroke } },
+        { ...line, points: { show: false } },
+      ],
+      bands: [{ series: [1, 2], fill: () => this.colours.band }],
       axes: [{ ...axis, values: axisTimes }, { ...axis, label: texts.dB, labelSize: 20, size: 46 }],
       hooks: {
         setScale: [(_, key) => key === "x" && this.refresh()],
@@ -116,8 +164,8 @@ export class LevelPlot {
   private drawMarks(plot: uPlot): void {
     const { ctx, bbox } = plot;
     ctx.save();
-    ctx.strokeStyle = colour("--mark");
-    ctx.fillStyle = colour("--mark");
+    ctx.strokeStyle = this.colours.mark;
+    ctx.fillStyle = this.colours.mark;
     ctx.setLineDash([4, 4]);
     ctx.textAlign = "left";
     const { from, to } = this.view();
@@ -205,6 +253,56 @@ export class LevelPlot {
     }
     const left = plot.over.getBoundingClientRect().left;
     this.zoom(event.deltaY < 0 ? zoomStep : 1 / zoomStep, plot.posToVal(event.clientX - left, "x"));
+  }
+
+  // Fingers, the middle button, and any with shift hold the plot: the time under them goes along.
+  // What is captured here, uPlot does not take for a selection.
+  private onHold(event: PointerEvent): void {
+    const plot = this.plot;
+    const isMoving =
+      event.pointerType === "touch" || event.button === middleButton || event.shiftKey;
+    if (plot === undefined || !isMoving || !plot.over.contains(event.target as Node)) return;
+    this.held.set(event.pointerId, { x: event.clientX, y: event.clientY });
+    this.root.setPointerCapture(event.pointerId);
+    this.root.classList.add("held");
+    this.grasp();
+  }
+
+  private onMove(event: PointerEvent): void {
+    const plot = this.plot;
+    if (plot === undefined || !this.held.has(event.pointerId)) return;
+    this.held.set(event.pointerId, { x: event.clientX, y: event.clientY });
+    const { middle, spread } = this.hold(plot);
+    const { grip } = this;
+    const pixel = grip.spread > 0 ? (grip.pixel * grip.spread) / spread : grip.pixel;
+    const from = grip.time - middle * pixel;
+    this.look(from, from + plot.over.clientWidth * pixel);
+  }
+
+  private onRelease(event: PointerEvent): void {
+    if (!this.held.delete(event.pointerId)) return;
+    if (this.held.size > 0) this.grasp();
+    else this.root.classList.remove("held");
+  }
+
+  // The middle of the first two pointers, in pixels of the plot, and how far they are apart.
+  private hold(plot: uPlot): { middle: number; spread: number } {
+    const [one, other] = this.held.values();
+    const { left } = plot.over.getBoundingClientRect();
+    if (one === undefined) return { middle: 0, spread: 0 };
+    if (other === undefined) return { middle: one.x - left, spread: 0 };
+    const spread = Math.max(closest, Math.hypot(one.x - other.x, one.y - other.y));
+    return { middle: (one.x + other.x) / 2 - left, spread };
+  }
+
+  // Takes hold anew, whenever there is a pointer more or less.
+  private grasp(): void {
+    const plot = this.plot;
+    if (plot === undefined) return;
+    const { middle, spread } = this.hold(plot);
+    const { from, to } = this.view();
+    const pixel = (to - from) / plot.over.clientWidth;
+    this.grip = { time: from + middle * pixel, spread, pixel };
   }
 
   // Asks for what is in view, with as much again on both sides; one question at a time.

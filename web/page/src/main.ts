@@ -7,6 +7,7 @@ import { texts } from "./texts.js";
 
 const panels = new Set<FilePanel>();
 const list = element("div", { class: "files" });
+const input = element("input", { type: "file", multiple: true });
 let tz = clockZone;
 
 function openFiles(files: Iterable<File>): void {
@@ -14,6 +15,7 @@ function openFiles(files: Iterable<File>): void {
     const panel = new FilePanel(file, tz, (closed) => {
       closed.root.remove();
       panels.delete(closed);
+      input.focus(); // what had it is gone
     });
     panels.add(panel);
     list.append(panel.root);
@@ -23,6 +25,10 @@ function openFiles(files: Iterable<File>): void {
 
 function reopen(): void {
   for (const panel of panels) void panel.open(tz);
+}
+
+function recolour(): void {
+  for (const panel of panels) panel.recolour();
 }
 
 function zoneChoice(): HTMLElement {
@@ -48,19 +54,23 @@ function themeChoice(): HTMLElement {
   );
   choice.addEventListener("change", () => {
     document.documentElement.dataset["theme"] = choice.value;
-    reopen();
+    recolour();
   });
   return labelled(texts.theme, choice);
 }
 
 function fileChoice(): HTMLElement {
-  const input = element("input", { type: "file", multiple: true });
   input.addEventListener("change", () => {
     openFiles([...(input.files ?? [])]);
     input.value = "";
   });
-  const choose = labelled(texts.choose, input);
-  return element("div", { class: "drop" }, element("p", {}, texts.drop), choose, element("p", { class: "hint" }, texts.stays));
+  return element(
+    "div",
+    { class: "drop" },
+    element("p", {}, texts.drop),
+    element("label", { class: "choose" }, texts.choose, input),
+    element("p", { class: "hint" }, texts.stays),
+  );
 }
 
 function takeDrops(): void {
@@ -87,3 +97,4 @@ document.body.append(
   element("main", {}, fileChoice(), list),
 );
 takeDrops();
+matchMedia("(prefers-color-scheme: dark)").addEventListener("change", recolour);

@@ -4,7 +4,7 @@ import type { MeasurementRecord } from "../../package/src/index.js";
 import { barChart, distributionBars } from "./bar_chart.js";
 import type { Zone } from "./clock_text.js";
 import { element } from "./elements.js";
-import { isArray, unitOf, valueText } from "./record_table.js";
+import { isArray, shownFields, unitOf, valueText } from "./table_columns.js";
 import { texts } from "./texts.js";
 
 const fewestBars = 6;
@@ -34,18 +34,18 @@ function distribution(info: RecordInfo, members: Record<string, unknown>): HTMLE
 
 export function recordDetails(info: RecordInfo, record: MeasurementRecord, zone: Zone): HTMLElement {
   const members = record as unknown as Record<string, unknown>;
-  const fields = info.fields.filter((field) => field.offset !== 0 && !field.reserved);
+  const fields = shownFields(info);
   const charts = fields.flatMap((field) => spectra(field, members[field.name]));
   const rows = fields.map((field) => {
     const unit = unitOf(field);
     const text = valueText(field, members[field.name], zone);
     const value = unit === "" || isArray(field) || text === texts.empty ? text : `${text} ${unit}`;
     return element(
-      "tr",
+      "div",
       {},
-      element("th", { scope: "row" }, field.name),
-      element("td", {}, value),
-      element("td", { class: "hint" }, field.comment),
+      element("dt", {}, field.name),
+      element("dd", {}, value),
+      element("dd", { class: "hint" }, field.comment),
     );
   });
   return element(
@@ -55,7 +55,7 @@ export function recordDetails(info: RecordInfo, record: MeasurementRecord, zone:
     element(
       "div",
       { class: "fields", tabindex: "0", role: "region", "aria-label": `${texts.details} ${info.name}` },
-      element("table", {}, element("tbody", {}, ...rows)),
+      element("dl", {}, ...rows),
     ),
   );
 }

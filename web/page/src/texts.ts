@@ -1,5 +1,6 @@
 // All that the page says.
 const number = new Intl.NumberFormat("en-GB");
+const decimal = new Intl.NumberFormat("en-GB", { maximumFractionDigits: 2 });
 
 export const texts = {
   title: "Measurement files",
@@ -39,10 +40,11 @@ export const texts = {
   count: (count: number) => number.format(count),
   level: "Level over time",
   series: "Series",
-  samples: (count: number) => `${number.format(count)} samples`,
+  samples: (count: number) => (count === 1 ? "1 sample" : `${number.format(count)} samples`),
   noSeries: "This file holds no levels over time.",
   plotHelp:
-    "Drag, wheel, + and - zoom; arrow keys, shift and wheel move; double click or 0 shows all.",
+    "Drag, wheel, two fingers, + and - zoom. Shift and drag, shift and wheel, one finger and the " +
+    "arrow keys move. Double click or 0 shows all.",
   zoomIn: "Zoom in",
   zoomOut: "Zoom out",
   earlier: "Earlier",
@@ -57,6 +59,7 @@ export const texts = {
   filter: "Filter",
   clear: "Clear",
   rows: (count: number) => (count === 1 ? "1 record" : `${number.format(count)} records`),
+  noRows: "No record lies within these times.",
   csv: "CSV",
   jsonl: "JSON lines",
   download: "Download",
@@ -67,6 +70,7 @@ export const texts = {
   mark: (code: number) => `mark ${code}`,
   distribution: "Level distribution",
   chart: (name: string, count: number) => `${name}, ${count} values`,
+  range: (from: number, to: number) => `${decimal.format(from)} to ${decimal.format(to)}`,
   dB: "dB",
   fault: "That went wrong",
 };
