@@ -140,6 +140,18 @@ def test_one_run_at_a_time(files: list[Path], tmp_path: Path) -> None:
         archive.add(files[:1], tmp_path / "dataset", processes=1)
 
 
+def test_a_dataset_of_another_layout_is_refused(files: list[Path], tmp_path: Path) -> None:
+    dataset = tmp_path / "dataset"
+    archive.add(files[:1], dataset, processes=1)
+    table = pq.read_table(dataset / "manifest.parquet")
+    older = {b"qvslm.archive": b'{"layout": 1, "tz": null}'}
+    pq.write_table(table.replace_schema_metadata(older), dataset / "manifest.parquet")
+    before = _state(dataset)
+    with pytest.raises(ValueError, match="has the layout 1, and this version knows 2"):
+        archive.add(files[:1], dataset, processes=1)
+    assert _state(dataset) == before
+
+
 _CHILD = """
 import sys
 from qvslm.archive import _add

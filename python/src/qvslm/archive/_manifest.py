@@ -19,7 +19,7 @@ import pyarrow.parquet as pq
 NAME = "manifest.parquet"
 FOLDER = "records"
 _KEY = b"qvslm.archive"
-_LAYOUT = 1
+_LAYOUT = 2
 
 WHOLE, BROKEN, UNREADABLE = "whole", "broken", "unreadable"
 
@@ -109,7 +109,10 @@ class Manifest:
         table = pq.read_table(Path(dataset) / NAME, partitioning=None)
         told = json.loads((table.schema.metadata or {}).get(_KEY, b"{}"))
         if told.get("layout") != _LAYOUT:
-            raise ValueError(f"{dataset} is no archive of this version")
+            raise ValueError(
+                f"{dataset} has the layout {told.get('layout', 'of no archive')}, and this version"
+                f" knows {_LAYOUT}: add the files to a new folder"
+            )
         manifest = cls(told["tz"])
         for row in table.to_pylist():
             parts = [Part(**part) for part in row.pop("parts")]
