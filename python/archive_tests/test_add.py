@@ -14,7 +14,7 @@ from rows import assert_rows_are_those_of
 
 from qvslm import __main__ as command
 from qvslm import archive
-from qvslm.archive import Manifest, _add, _layout, _translate
+from qvslm.archive import Manifest, _add, _layout, _part_writer, _translate
 
 BERLIN = "Europe/Berlin"
 
@@ -95,7 +95,7 @@ def test_batches_give_what_the_whole_gives(
     files: list[Path], tmp_path: Path, monkeypatch: pytest.MonkeyPatch
 ) -> None:
     monkeypatch.setattr(_translate, "BATCH", 7)
-    monkeypatch.setattr(_translate, "GROUP_ROWS", 50)
+    monkeypatch.setattr(_part_writer, "GROUP_ROWS", 50)
     dataset = tmp_path / "dataset"
     paths = [path for path in files[:26] if path.stat().st_size < 60_000]
     manifest = Manifest()
@@ -214,4 +214,13 @@ def test_layout(files: list[Path], tmp_path: Path) -> None:
         assert group.column(0).compression == "ZSTD"
         assert group.column(1).statistics.has_min_max
         assert [column.column_index for column in group.sorting_columns] == [1]
-        assert pq.read_schema(path).equals(_layout.schema(part.kind, None))
+        schema = pq.read_schema(path)
+        assert schema.equals(_layout.schema(part.kind, None))
+        told = {key for field in schema for key in field.metadata or {}} - {b"PARQUET:field_id"}
+        assert told <= {b"unit"}
+        # What has no engine but the newest is not used, and few rows get no dictionaries.
+        found = {group.column(place).encodings for place in range(group.num_columns)}
+        assert not any("BYTE_STREAM_SPLIT" in encodings for encodings in found)
+        assert "DELTA_BINARY_PACKED" in group.column(1).encodings
+        has_dictionaries = sum("RLE_DICTIONARY" in encodings for encodings in found)
+        assert has_dictionaries > 0 if part.rows > 2000 else has_dictionaries < 2

@@ -10,6 +10,8 @@ from datetime import datetime
 from pathlib import Path
 
 import duckdb
+import numpy as np
+import polars as pl
 import pytest
 from pyspark.errors import PySparkException
 from pyspark.sql import DataFrame, SparkSession
@@ -138,6 +140,33 @@ def test_written_by_spark(
     with archive.open(tmp_path / "dataset") as connection:
         assert _as_rows(connection, kind, written) == [(0,), (0,)]
         assert connection.sql(f'SELECT count(*) FROM "{kind}"').fetchall() == [(frame.count(),)]
+
+
+def test_engines_read_what_was_added(
+    spark: SparkSession, files: list[Path], tmp_path: Path
+) -> None:
+    dataset = tmp_path / "dataset"
+    archive.add(tmp_path / "files", dataset, processes=2)
+    folder = dataset / "records" / "kind=Samples"
+    series = [qvslm.read(path).samples() for path in files]
+    marks = sum(int(own["mark"].astype(int).sum()) for own in series)
+    levels = sum(float(np.nansum(own["level"], dtype=float)) for own in series)
+    latest = max(own["time"].max() for own in series if len(own)).item()
+    of_spark = spark.read.parquet(str(folder)).selectExpr(
+        "sum(mark)", "sum(level)", "max(time)", "count(record)"
+    )
+    of_polars = (
+        pl.scan_parquet(folder / "**/*.parquet")
+        .select(
+            pl.col("mark").cast(pl.Int64).sum(),
+            pl.col("level").cast(pl.Float64).sum(),
+            pl.col("time").max(),
+            pl.col("record").count(),
+        )
+        .collect()
+    )
+    for row in (tuple(of_spark.collect()[0]), of_polars.row(0)):
+        assert row == (marks, pytest.approx(levels), latest, sum(map(len, series)))
 
 
 # Each task tells that it runs, by its executor, and waits until it may go on.

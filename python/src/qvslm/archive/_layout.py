@@ -1,6 +1,7 @@
 """How records stand in the Parquet files of a dataset, whoever writes them."""
 
 import dataclasses
+import itertools
 import re
 from collections import Counter
 from collections.abc import Collection, Iterator
@@ -72,13 +73,26 @@ def _times(record: RecordType, rows: Rows, info: Info) -> NDArray[np.int64]:
     return np.where(times > 0, times, _seconds(info))
 
 
-def months(table: pa.Table) -> NDArray[np.str_]:
-    """The month of each row by the clock of its place: "2024-06"."""
-    times = table.column("time")
+def _month(number: np.datetime64) -> str:
+    return NO_MONTH if np.isnat(number) else str(number)
+
+
+def months(table: pa.Table) -> list[tuple[int, int, str]]:
+    """The rows by months on the clock of the place: first row, the one behind, "2024-06"."""
+    if table.num_rows == 0:
+        return []
+    times = table.column("time").combine_chunks()
     if times.type.tz is not None:
         times = pc.local_timestamp(times)
-    numbers = times.combine_chunks().to_numpy(zero_copy_only=False).astype("M8[M]")
-    return np.where(np.isnat(numbers), NO_MONTH, numbers.astype(str))
+    if times.null_count == 0:
+        ends = pc.min_max(times).values()
+        first, last = (np.datetime64(end.value, times.type.unit).astype("M8[M]") for end in ends)
+        if first == last:
+            return [(0, len(times), _month(first))]
+    numbers = times.to_numpy(zero_copy_only=False).astype("M8[M]")
+    counts = numbers.view(np.int64)
+    starts = [0, *(np.flatnonzero(counts[1:] != counts[:-1]) + 1).tolist(), len(counts)]
+    return [(start, end, _month(numbers[start])) for start, end in itertools.pairwise(starts)]
 
 
 def _files(path: str, rows: int) -> pa.Array:
@@ -114,8 +128,9 @@ def records_table(
         arrays.append(pa.array(np.arange(first, first + len(rows), dtype=np.int32)))
     # Parquet knows no seconds.
     fields = [field.with_type(_in_milliseconds(field.type)) for field in table.schema]
-    table = table.cast(pa.schema(fields))
-    return pa.Table.from_arrays([*arrays, *table.columns], schema=pa.schema([*heads, *fields]))
+    for field, column in zip(fields, table.columns, strict=True):
+        arrays.append(column if column.type == field.type else column.cast(field.type))
+    return pa.Table.from_arrays(arrays, schema=pa.schema([*heads, *fields]))
 
 
 def _samples_table(
