@@ -6,6 +6,7 @@ from pathlib import Path
 
 import numpy as np
 import pyarrow as pa
+import pyarrow.compute as pc
 import pyarrow.parquet as pq
 from numpy.typing import NDArray
 
@@ -26,15 +27,26 @@ def rows_of_dataset(dataset: Path) -> Tables:
     """The rows of each file and kind, from the Parquet files that the manifest names."""
     pieces: dict[tuple[str, str], list[pa.Table]] = defaultdict(list)
     manifest = Manifest.load(dataset)
+    tables: dict[str, pa.Table] = {}
+    left: dict[str, int] = {}
     for file in manifest.files.values():
         for part in file.parts:
-            table = pq.read_table(dataset / part.path, partitioning=None)
+            if part.path not in tables:
+                table = pq.read_table(dataset / part.path, partitioning=None)
+                keys = table.column("time").cast(pa.int64()).fill_null(0).to_numpy()
+                assert (np.diff(keys) >= 0).all()
+                tables[part.path], left[part.path] = table, table.num_rows
+            table = tables[part.path]
+            table = table.filter(pc.equal(table.column("file"), file.path))
             assert table.num_rows == part.rows
-            keys = table.column("time").cast(pa.int64()).fill_null(0).to_numpy()
-            assert (np.diff(keys) >= 0).all()
-            assert set(table.column("file").to_pylist()) <= {file.path}
+            left[part.path] -= part.rows
             pieces[file.path, part.kind].append(table)
         assert file.rows == sum(part.rows for part in file.parts)
+    # Parquet files hold rows of no other measurement file.
+    assert not any(left.values())
+    for path in tables:
+        shares = [part.bytes for part in manifest.parts() if part.path == path]
+        assert sum(shares) == (dataset / path).stat().st_size
     return {key: in_order(pa.concat_tables(tables)) for key, tables in pieces.items()}
 
 

@@ -20,6 +20,7 @@ from .._records import RecordType, record_type
 SAMPLES = "Samples"
 """The kind of the rows of the time history, a row a sample or marker."""
 NO_MONTH = "unknown"
+NO_TIME = int(np.iinfo(np.int64).min)
 _HISTORY = "TimeHistory"
 _TIME_FIELDS = ("RecordTime", "BlockTime", "StopTime")
 _NOBODY = Info("", 0, "", "", "", ("", "", ""), 0, None, None, None, None)
@@ -71,6 +72,13 @@ def _times(record: RecordType, rows: Rows, info: Info) -> NDArray[np.int64]:
         return np.full(len(rows), _seconds(info))
     times = rows[own.name].astype(np.int64)
     return np.where(times > 0, times, _seconds(info))
+
+
+def keys(table: pa.Table) -> NDArray[np.int64]:
+    """By what rows are sorted: their times, those without one first."""
+    times = table.column("time").cast(pa.int64()).combine_chunks()
+    numbers: NDArray[np.int64] = times.fill_null(NO_TIME).to_numpy(zero_copy_only=False)
+    return numbers
 
 
 def _month(number: np.datetime64) -> str:

@@ -1,5 +1,7 @@
 """Writes the Parquet files of a dataset: their encodings, row groups and order."""
 
+import time
+import uuid
 from pathlib import Path
 
 import pyarrow as pa
@@ -50,6 +52,11 @@ def _bare(schema: pa.Schema) -> pa.Schema:
     )
 
 
+def new_name() -> str:
+    """A name that no Parquet file has."""
+    return f"{time.strftime('%Y%m%d')}-{uuid.uuid4().hex[:16]}"
+
+
 class PartWriter:
     """A Parquet file of one kind and month whose rows stand in the order of time."""
 
@@ -58,7 +65,7 @@ class PartWriter:
         self._beside = place.with_name(f".{place.name}")
         self._writer: pq.ParquetWriter | None = None
         self._waiting: list[pa.Table] = []
-        self._bytes = 0
+        self._bytes = self._more = 0
         self._last: int | None = None
         self.rows = 0
 
@@ -72,25 +79,28 @@ class PartWriter:
         self._bytes += table.nbytes
         self._last = last
         self.rows += table.num_rows
-        if self._bytes >= GROUP_BYTES or sum(t.num_rows for t in self._waiting) >= GROUP_ROWS:
-            self._flush()
+        self._more += table.num_rows
+        while self._more >= GROUP_ROWS:
+            self._flush(GROUP_ROWS)
+        if self._bytes >= GROUP_BYTES:
+            self._flush(self._more)
 
-    def _flush(self) -> None:
-        if not self._waiting:
-            return
+    def _flush(self, rows: int) -> None:
         table = pa.concat_tables(self._waiting)
         if self._writer is None:
             self._place.parent.mkdir(parents=True, exist_ok=True)
             schema = _bare(table.schema)
-            options = _options(schema, table.num_rows < _FEW_ROWS)
+            options = _options(schema, rows < _FEW_ROWS)
             self._writer = pq.ParquetWriter(self._beside, schema, **options)
-        table = pa.Table.from_arrays(table.columns, schema=self._writer.schema)
-        self._writer.write_table(table, row_group_size=GROUP_ROWS)
-        self._waiting, self._bytes = [], 0
+        group = pa.Table.from_arrays(table.columns, schema=self._writer.schema).slice(0, rows)
+        self._writer.write_table(group, row_group_size=rows)
+        rest = table.slice(rows)
+        self._waiting, self._bytes, self._more = [rest], rest.nbytes, rest.num_rows
 
     def close(self) -> int:
         """Puts the file in its place, and gives its bytes. It has at least one row."""
-        self._flush()
+        if self._more > 0:
+            self._flush(self._more)
         assert self._writer is not None
         self._writer.close()
         self._beside.replace(self._place)

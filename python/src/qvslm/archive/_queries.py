@@ -40,7 +40,7 @@ def open(dataset: str | os.PathLike[str]) -> "duckdb.DuckDBPyConnection":
     if manifest.tz is not None:
         connection.execute(f"SET TimeZone = {_text(manifest.tz)}")
     for kind in [*RECORD_TYPES, _layout.SAMPLES]:
-        parts = [str(folder / part.path) for part in manifest.parts(kind)]
+        parts = sorted({str(folder / part.path) for part in manifest.parts(kind)})
         if parts:
             listed = ", ".join(map(_text, parts))
             connection.execute(

@@ -2,8 +2,6 @@
 
 import hashlib
 import os
-import time
-import uuid
 from datetime import UTC, datetime
 from pathlib import Path
 
@@ -13,31 +11,27 @@ import pyarrow as pa
 from .._errors import Error
 from .._file import Info, MeasurementFile
 from . import _layout
-from ._manifest import BROKEN, FOLDER, UNREADABLE, WHOLE, File, Part
-from ._part_writer import PartWriter
+from ._dataset_files import BROKEN, UNREADABLE, WHOLE, File, Part, Place, path_of
+from ._errors import DatasetError
+from ._part_writer import PartWriter, new_name
 
 BATCH = 16384
-
-
-class DatasetError(OSError):
-    """The dataset cannot be written. It is no fault of a measurement file."""
 
 
 class _Parts:
     """The Parquet files of a measurement file. At most one a kind is open."""
 
-    def __init__(self, dataset: Path, instrument: str, stem: str) -> None:
+    def __init__(self, dataset: Path, instrument: str) -> None:
         self._dataset = dataset
         self._instrument = instrument
-        self._stem = stem
-        self._open: dict[str, tuple[str, str, PartWriter]] = {}
+        self._stem = new_name()
+        self._open: dict[str, tuple[Place, PartWriter]] = {}
         self.done: list[Part] = []
         self._number = 0
 
     def add(self, kind: str, table: pa.Table) -> None:
         """Rows of a kind, in whatever order."""
-        times = table.column("time").combine_chunks()
-        keys = times.cast(pa.int64()).fill_null(np.iinfo(np.int64).min).to_numpy()
+        keys = _layout.keys(table)
         if len(keys) > 1 and (keys[1:] < keys[:-1]).any():
             order = np.argsort(keys, kind="stable")
             table, keys = table.take(order), keys[order]
@@ -48,22 +42,19 @@ class _Parts:
 
     def _writer(self, kind: str, month: str, first: int) -> PartWriter:
         if kind in self._open:
-            _, of_month, writer = self._open[kind]
+            (_, _, of_month, _), writer = self._open[kind]
             if of_month == month and writer.follows(first):
                 return writer
             self._close(kind)
-        path = (
-            f"{FOLDER}/kind={kind}/instrument={self._instrument}/month={month}/"
-            f"{self._stem}-{self._number}.parquet"
-        )
+        place = kind, self._instrument, month, f"{self._stem}-{self._number}"
         self._number += 1
-        writer = PartWriter(self._dataset / path)
-        self._open[kind] = path, month, writer
+        writer = PartWriter(self._dataset / path_of(place))
+        self._open[kind] = place, writer
         return writer
 
     def _close(self, kind: str) -> None:
-        path, _, writer = self._open.pop(kind)
-        self.done.append(Part(path, kind, writer.rows, writer.close()))
+        place, writer = self._open.pop(kind)
+        self.done.append(Part(*place, writer.rows, writer.close()))
 
     def close(self) -> list[Part]:
         for kind in list(self._open):
@@ -123,8 +114,7 @@ def translate(path: str, name: str, dataset: str, tz: str | None) -> File:
         with MeasurementFile(path, tz) as file:
             file.read([])
             info, status, census = file.info, file.status, file.census
-        stem = f"{time.strftime('%Y%m%d')}-{uuid.uuid4().hex[:16]}"
-        parts = _Parts(Path(dataset), _layout.instrument(info), stem)
+        parts = _Parts(Path(dataset), _layout.instrument(info))
         row.parts = _write(path, name, parts, info, tz)
     except DatasetError:
         raise
