@@ -1,6 +1,6 @@
 """The rows of files as a dataset must hold them, by way of ``qvslm.read``."""
 
-from collections import defaultdict
+from collections import Counter, defaultdict
 from collections.abc import Iterable
 from pathlib import Path
 
@@ -29,6 +29,7 @@ def rows_of_dataset(dataset: Path) -> Tables:
     manifest = Manifest.load(dataset)
     tables: dict[str, pa.Table] = {}
     left: dict[str, int] = {}
+    sizes: Counter[str] = Counter()
     for file in manifest.files.values():
         for part in file.parts:
             if part.path not in tables:
@@ -40,13 +41,13 @@ def rows_of_dataset(dataset: Path) -> Tables:
             table = table.filter(pc.equal(table.column("file"), file.path))
             assert table.num_rows == part.rows
             left[part.path] -= part.rows
+            sizes[part.path] += part.bytes
             pieces[file.path, part.kind].append(table)
         assert file.rows == sum(part.rows for part in file.parts)
     # Parquet files hold rows of no other measurement file.
     assert not any(left.values())
-    for path in tables:
-        shares = [part.bytes for part in manifest.parts() if part.path == path]
-        assert sum(shares) == (dataset / path).stat().st_size
+    for path, size in sizes.items():
+        assert size == (dataset / path).stat().st_size
     return {key: in_order(pa.concat_tables(tables)) for key, tables in pieces.items()}
 
 

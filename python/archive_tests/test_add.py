@@ -2,9 +2,10 @@
 
 import os
 import random
-import signal
 import subprocess
 import sys
+import time
+from collections import Counter
 from pathlib import Path
 
 import pyarrow.parquet as pq
@@ -159,10 +160,21 @@ def test_a_dataset_of_another_layout_is_refused(files: list[Path], tmp_path: Pat
     assert _state(dataset) == before
 
 
+# Tells when it begins to translate, to commit, and to merge or rewrite Parquet files.
 _CHILD = """
 import sys
-from qvslm.archive import _add
-_add._COMMIT_SECONDS = 0.02
+from qvslm.archive import _add, _merge
+_add._COMMIT_SECONDS = _add._COMMIT_SHARE = 0.02
+_merge.SMALL_FILES = 2
+def told(name, work):
+    def tells(first, *others):
+        if first:
+            print(name, flush=True)
+        return work(first, *others)
+    return tells
+_add._run = told("translates", _add._run)
+_add._merged = told("merges", _add._merged)
+_add._Commits.commit = told("commits", _add._Commits.commit)
 from qvslm.__main__ import main
 if __name__ == "__main__":
     sys.exit(main(["archive", "add", sys.argv[1], "--to", sys.argv[2], "--processes", "2"]))
@@ -170,22 +182,25 @@ if __name__ == "__main__":
 
 
 def test_killed_at_twenty_moments(tmp_path: Path) -> None:
-    paths = write_files(tmp_path / "files", 40)
+    paths = write_files(tmp_path / "files", 26)
     dataset = tmp_path / "dataset"
     child = tmp_path / "child.py"
     child.write_text(_CHILD)
     moments = random.Random(16)
-    kills = 0
-    while kills < 20:
-        run = subprocess.Popen(
-            [sys.executable, child, tmp_path / "files", dataset], stderr=subprocess.DEVNULL
-        )
-        try:
-            run.wait(moments.uniform(0.3, 2.5))
-        except subprocess.TimeoutExpired:
-            run.send_signal(signal.SIGKILL)
-            run.wait()
-            kills += 1
+    kills: Counter[str] = Counter()
+    while kills.total() < 20:
+        phase = ("translates", "commits", "merges")[kills.total() % 3]
+        with subprocess.Popen(
+            [sys.executable, child, tmp_path / "files", dataset],
+            stdout=subprocess.PIPE,
+            stderr=subprocess.DEVNULL,
+            text=True,
+        ) as run:
+            assert run.stdout is not None
+            if any(line == f"{phase}\n" for line in run.stdout):
+                time.sleep(moments.uniform(0, 1.5 if phase == "translates" else 0.1))
+                run.kill()
+                kills[phase] += 1
         if (dataset / "manifest.parquet").exists():
             files = Manifest.load(dataset).files
             # A file that changed may still stand there as it was before.
@@ -194,7 +209,7 @@ def test_killed_at_twenty_moments(tmp_path: Path) -> None:
             assert_rows_are_those_of(dataset, same, others=True)
             if len(same) == len(paths):
                 # All is there: something changes, so that there is something to do.
-                for path in moments.sample(paths, 20):
+                for path in moments.sample(paths, 12):
                     path.write_bytes(path.read_bytes()[:-8])
     _add_all(tmp_path / "files", dataset)
     assert_rows_are_those_of(dataset, paths)

@@ -6,6 +6,7 @@ count, and the next run removes them.
 """
 
 import contextlib
+import gc
 import json
 import os
 from collections import defaultdict
@@ -21,6 +22,18 @@ _KEY = b"qvslm.archive"
 _LAYOUT = 2
 
 
+def zone_of(dataset: str | os.PathLike[str]) -> str | None:
+    """The zone of a dataset. Raises ``ValueError`` where its layout is another one."""
+    told = json.loads((pq.read_schema(Path(dataset) / NAME).metadata or {}).get(_KEY, b"{}"))
+    if told.get("layout") != _LAYOUT:
+        raise ValueError(
+            f"{dataset} has the layout {told.get('layout', 'of no archive')}, and this version"
+            f" knows {_LAYOUT}: add the files to a new folder"
+        )
+    zone: str | None = told["tz"]
+    return zone
+
+
 class Manifest:
     """The files of a dataset by their paths."""
 
@@ -33,16 +46,10 @@ class Manifest:
     @classmethod
     def load(cls, dataset: str | os.PathLike[str]) -> "Manifest":
         """The manifest of a dataset. Raises ``FileNotFoundError`` where there is none."""
+        manifest = cls(zone_of(dataset))
         table = pq.read_table(Path(dataset) / NAME, partitioning=None)
-        told = json.loads((table.schema.metadata or {}).get(_KEY, b"{}"))
-        if told.get("layout") != _LAYOUT:
-            raise ValueError(
-                f"{dataset} has the layout {told.get('layout', 'of no archive')}, and this version"
-                f" knows {_LAYOUT}: add the files to a new folder"
-            )
-        manifest = cls(told["tz"])
-        for file in files_of(table):
-            manifest.files[file.path] = file
+        with _uncollected():
+            manifest.files = {file.path: file for file in files_of(table)}
         return manifest
 
     def put(self, file: File) -> None:
@@ -106,6 +113,18 @@ class Manifest:
     def broken(self) -> list[File]:
         """The files that gave not all of what they once held, or nothing."""
         return [file for file in self.files.values() if file.status != WHOLE]
+
+
+@contextlib.contextmanager
+def _uncollected() -> Iterator[None]:
+    """Millions of objects that stay are made without a search for garbage among them."""
+    was_on = gc.isenabled()
+    gc.disable()
+    try:
+        yield
+    finally:
+        if was_on:
+            gc.enable()
 
 
 def sweep(dataset: Path, manifest: Manifest) -> int:

@@ -1,6 +1,7 @@
 """A dataset in DuckDB, and the questions that an office asks it."""
 
 import os
+from collections import defaultdict
 from pathlib import Path
 from typing import TYPE_CHECKING
 
@@ -8,7 +9,8 @@ import pyarrow as pa
 
 from .._records import RECORD_TYPES
 from . import _layout
-from ._manifest import NAME, Manifest
+from ._dataset_files import path_of
+from ._manifest import NAME, zone_of
 
 if TYPE_CHECKING:
     import duckdb
@@ -35,21 +37,29 @@ def open(dataset: str | os.PathLike[str]) -> "duckdb.DuckDBPyConnection":
     import duckdb
 
     folder = Path(dataset).absolute()
-    manifest = Manifest.load(folder)
+    tz = zone_of(folder)
     connection = duckdb.connect()
-    if manifest.tz is not None:
-        connection.execute(f"SET TimeZone = {_text(manifest.tz)}")
+    if tz is not None:
+        connection.execute(f"SET TimeZone = {_text(tz)}")
+    paths: dict[str, list[str]] = defaultdict(list)
+    # Of a manifest with millions of rows and parts no objects are made.
+    listed = _text(str(folder / NAME))
+    places = connection.execute(
+        "SELECT DISTINCT part.kind, instrument, part.month, part.name FROM"
+        f" (SELECT instrument, unnest(parts) AS part FROM read_parquet({listed})) ORDER BY ALL"
+    )
+    for place in places.fetchall():
+        paths[place[0]].append(str(folder / path_of(place)))
     for kind in [*RECORD_TYPES, _layout.SAMPLES]:
-        parts = sorted({str(folder / part.path) for part in manifest.parts(kind)})
-        if parts:
-            listed = ", ".join(map(_text, parts))
+        if kind in paths:
+            listed = ", ".join(map(_text, paths[kind]))
             connection.execute(
                 f"CREATE VIEW {_name(kind)} AS SELECT * EXCLUDE (kind)"
                 f" FROM read_parquet([{listed}], hive_partitioning = true,"
                 " hive_types = {kind: VARCHAR, instrument: VARCHAR, month: VARCHAR})"
             )
         else:
-            empty = _layout.schema(kind, manifest.tz).empty_table()
+            empty = _layout.schema(kind, tz).empty_table()
             for column in ("instrument", "month"):
                 empty = empty.append_column(column, pa.array([], pa.string()))
             connection.register(kind, empty)
