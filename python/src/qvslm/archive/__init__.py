@@ -3,7 +3,7 @@
 from ._add import Report, add
 from ._dataset_files import File, Part
 from ._manifest import Manifest
-from ._queries import energy_means, gaps, loudest_events, open
+from ._queries import energy_means, gaps, loudest_events, open, paths
 
 __all__ = [
     "File",
@@ -15,4 +15,5 @@ __all__ = [
     "gaps",
     "loudest_events",
     "open",
+    "paths",
 ]

@@ -26,6 +26,29 @@ def _name(value: str) -> str:
     return '"' + value.replace('"', '""') + '"'
 
 
+def _paths(connection: "duckdb.DuckDBPyConnection", folder: Path) -> dict[str, list[str]]:
+    """The Parquet files of each kind. Of millions of rows of a manifest no objects are made."""
+    found: dict[str, list[str]] = defaultdict(list)
+    listed = _text(str(folder / NAME))
+    places = connection.execute(
+        "SELECT DISTINCT part.kind, instrument, part.month, part.name FROM"
+        f" (SELECT instrument, unnest(parts) AS part FROM read_parquet({listed})) ORDER BY ALL"
+    )
+    for place in places.fetchall():
+        found[place[0]].append(str(folder / path_of(place)))
+    return found
+
+
+def paths(dataset: str | os.PathLike[str], kind: str) -> list[str]:
+    """The Parquet files that hold a kind of rows now, for other engines."""
+    import duckdb
+
+    folder = Path(dataset).absolute()
+    zone_of(folder)
+    with duckdb.connect() as connection:
+        return _paths(connection, folder).get(kind, [])
+
+
 def open(dataset: str | os.PathLike[str]) -> "duckdb.DuckDBPyConnection":
     """A connection of DuckDB with the dataset as it is now.
 
@@ -41,18 +64,10 @@ def open(dataset: str | os.PathLike[str]) -> "duckdb.DuckDBPyConnection":
     connection = duckdb.connect()
     if tz is not None:
         connection.execute(f"SET TimeZone = {_text(tz)}")
-    paths: dict[str, list[str]] = defaultdict(list)
-    # Of a manifest with millions of rows and parts no objects are made.
-    listed = _text(str(folder / NAME))
-    places = connection.execute(
-        "SELECT DISTINCT part.kind, instrument, part.month, part.name FROM"
-        f" (SELECT instrument, unnest(parts) AS part FROM read_parquet({listed})) ORDER BY ALL"
-    )
-    for place in places.fetchall():
-        paths[place[0]].append(str(folder / path_of(place)))
+    files = _paths(connection, folder)
     for kind in [*RECORD_TYPES, _layout.SAMPLES]:
-        if kind in paths:
-            listed = ", ".join(map(_text, paths[kind]))
+        if kind in files:
+            listed = ", ".join(map(_text, files[kind]))
             connection.execute(
                 f"CREATE VIEW {_name(kind)} AS SELECT * EXCLUDE (kind)"
                 f" FROM read_parquet([{listed}], hive_partitioning = true,"
