@@ -26,8 +26,8 @@ SMALL_FILES = 8
 SMALL_BYTES = 8 << 20
 MOST_BYTES = 64 << 20
 _MOST_FILES = 256
-# In memory of all the files of which rows are at hand.
-_BATCH_BYTES = 64 << 20
+# Of a file whose rows are at hand; of files that overlap the second has half of it, and so on.
+_BATCH_BYTES = 8 << 20
 _BATCH_ROWS = 16384
 
 
@@ -120,7 +120,7 @@ class _Input:
         return taken
 
 
-def _in_order(inputs: list[_Input], batch_rows: int) -> Iterator[tuple[pa.Table, int]]:
+def _in_order(inputs: list[_Input]) -> Iterator[tuple[pa.Table, int]]:
     """The rows of all of them in the order of time. Files that do not overlap are open in turn."""
     waiting = sorted(inputs, key=lambda item: (item.first, item.number), reverse=True)
     at_hand: list[_Input] = []
@@ -128,7 +128,8 @@ def _in_order(inputs: list[_Input], batch_rows: int) -> Iterator[tuple[pa.Table,
         last = min((int(item.keys[-1]) for item in at_hand), default=None)
         while waiting and (last is None or waiting[-1].first <= last):
             item = waiting.pop()
-            item.open(batch_rows)
+            room = _BATCH_BYTES // (item.width * (len(at_hand) + 1))
+            item.open(max(16, min(_BATCH_ROWS, room)))
             at_hand.append(item)
             last = int(item.keys[-1]) if last is None else min(last, int(item.keys[-1]))
         assert last is not None
@@ -148,9 +149,8 @@ def merge(dataset: str, job: Job) -> Merged:
         inputs = [
             _Input(Path(dataset, path_of(place)), number) for number, place in enumerate(job.places)
         ]
-        room = _BATCH_BYTES // (len(inputs) * inputs[0].width)
         writer = PartWriter(Path(dataset, path_of(new)))
-        rows = _write(writer, _in_order(inputs, max(16, min(_BATCH_ROWS, room))), job.files)
+        rows = _write(writer, _in_order(inputs), job.files)
         return Merged(job.places, new, writer.close(), rows)
     except (OSError, pa.ArrowException) as fault:
         raise DatasetError(f"{path_of(job.places[0])} and others: {fault}") from fault
