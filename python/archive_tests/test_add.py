@@ -1,5 +1,6 @@
 """Files become a dataset, once, whatever happens."""
 
+import itertools
 import os
 import random
 import subprocess
@@ -160,20 +161,19 @@ def test_a_dataset_of_another_layout_is_refused(files: list[Path], tmp_path: Pat
     assert _state(dataset) == before
 
 
-# Tells when it begins to translate, to commit, and to merge or rewrite Parquet files.
+# Tells when it begins to translate, to commit, and to take a merged or rewritten Parquet file.
 _CHILD = """
 import sys
 from qvslm.archive import _add, _merge
 _add._COMMIT_SECONDS = _add._COMMIT_SHARE = 0.02
 _merge.SMALL_FILES = 2
 def told(name, work):
-    def tells(first, *others):
-        if first:
-            print(name, flush=True)
-        return work(first, *others)
+    def tells(*arguments):
+        print(name, flush=True)
+        return work(*arguments)
     return tells
 _add._run = told("translates", _add._run)
-_add._merged = told("merges", _add._merged)
+_add.Manifest.exchange = told("merges", _add.Manifest.exchange)
 _add._Commits.commit = told("commits", _add._Commits.commit)
 from qvslm.__main__ import main
 if __name__ == "__main__":
@@ -197,8 +197,10 @@ def test_killed_at_twenty_moments(tmp_path: Path) -> None:
             text=True,
         ) as run:
             assert run.stdout is not None
-            if any(line == f"{phase}\n" for line in run.stdout):
-                time.sleep(moments.uniform(0, 1.5 if phase == "translates" else 0.1))
+            lines = (line for line in run.stdout if line == f"{phase}\n")
+            later = 0 if phase == "translates" else moments.randrange(5)
+            if next(itertools.islice(lines, later, None), None) is not None:
+                time.sleep(moments.uniform(0, 1.5 if phase == "translates" else 0.05))
                 run.kill()
                 kills[phase] += 1
         if (dataset / "manifest.parquet").exists():
