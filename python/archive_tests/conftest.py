@@ -4,6 +4,8 @@ from pathlib import Path
 
 import pytest
 
+from qvslm import archive
+
 ROOT = Path(__file__).parents[2]
 SAMPLES = sorted((ROOT / "samples" / "files").glob("*.qvd"))
 FILES = 60
@@ -30,3 +32,17 @@ def write_files(folder: Path, count: int = FILES) -> list[Path]:
 def files(tmp_path: Path) -> list[Path]:
     """The sixty files, in a folder ``files``."""
     return write_files(tmp_path / "files")
+
+
+@pytest.fixture(scope="session")
+def kept_files(tmp_path_factory: pytest.TempPathFactory) -> list[Path]:
+    """The sixty files, of which no test changes one."""
+    return write_files(tmp_path_factory.mktemp("archive") / "files")
+
+
+@pytest.fixture(scope="session")
+def kept_dataset(kept_files: list[Path]) -> Path:
+    """The dataset of the sixty files that stay as they are."""
+    folder = kept_files[0].parents[2]
+    archive.add(folder / "files", folder / "dataset", processes=2)
+    return folder / "dataset"

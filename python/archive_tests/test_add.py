@@ -1,10 +1,12 @@
 """Files become a dataset, once, whatever happens."""
 
+import itertools
 import os
 import random
-import signal
 import subprocess
 import sys
+import time
+from collections import Counter
 from pathlib import Path
 
 import pyarrow.parquet as pq
@@ -14,7 +16,8 @@ from rows import assert_rows_are_those_of
 
 from qvslm import __main__ as command
 from qvslm import archive
-from qvslm.archive import Manifest, _add, _layout, _translate
+from qvslm.archive import Manifest, _add, _layout, _part_writer, _translate
+from qvslm.archive._errors import DatasetError
 
 BERLIN = "Europe/Berlin"
 
@@ -37,7 +40,13 @@ def test_sixty_files_and_a_rerun(files: list[Path], tmp_path: Path) -> None:
     before = _state(dataset)
     again = _add_all(tmp_path / "files", dataset)
     assert (again.new, again.changed, again.gone, again.unchanged) == (0, 0, 0, 60)
-    assert _state(dataset) == before
+    # The small files that were merged are left to those who read them then.
+    assert (report.merged, report.swept) == (again.swept, 0)
+    after = _state(dataset)
+    assert after.items() <= before.items()
+    assert len(before) - len(after) == again.swept > 0
+    assert _add_all(tmp_path / "files", dataset).swept == 0
+    assert _state(dataset) == after
 
 
 def test_a_cut_file_gives_what_it_holds(files: list[Path], tmp_path: Path) -> None:
@@ -95,7 +104,7 @@ def test_batches_give_what_the_whole_gives(
     files: list[Path], tmp_path: Path, monkeypatch: pytest.MonkeyPatch
 ) -> None:
     monkeypatch.setattr(_translate, "BATCH", 7)
-    monkeypatch.setattr(_translate, "GROUP_ROWS", 50)
+    monkeypatch.setattr(_part_writer, "GROUP_ROWS", 50)
     dataset = tmp_path / "dataset"
     paths = [path for path in files[:26] if path.stat().st_size < 60_000]
     manifest = Manifest()
@@ -113,7 +122,7 @@ def test_a_folder_that_cannot_be_written_is_no_fault_of_a_file(
         raise OSError("no room")
 
     monkeypatch.setattr(_translate._Parts, "add", fail)
-    with pytest.raises(_translate.DatasetError, match="no room"):
+    with pytest.raises(DatasetError, match="no room"):
         _translate.translate(str(files[0]), "a", str(tmp_path / "dataset"), None)
 
 
@@ -140,10 +149,32 @@ def test_one_run_at_a_time(files: list[Path], tmp_path: Path) -> None:
         archive.add(files[:1], tmp_path / "dataset", processes=1)
 
 
+def test_a_dataset_of_another_layout_is_refused(files: list[Path], tmp_path: Path) -> None:
+    dataset = tmp_path / "dataset"
+    archive.add(files[:1], dataset, processes=1)
+    table = pq.read_table(dataset / "manifest.parquet")
+    older = {b"qvslm.archive": b'{"layout": 1, "tz": null}'}
+    pq.write_table(table.replace_schema_metadata(older), dataset / "manifest.parquet")
+    before = _state(dataset)
+    with pytest.raises(ValueError, match="has the layout 1, and this version knows 2"):
+        archive.add(files[:1], dataset, processes=1)
+    assert _state(dataset) == before
+
+
+# Tells when it begins to translate, to commit, and to take a merged or rewritten Parquet file.
 _CHILD = """
 import sys
-from qvslm.archive import _add
-_add._COMMIT_SECONDS = 0.02
+from qvslm.archive import _add, _merge
+_add._COMMIT_SECONDS = _add._COMMIT_SHARE = 0.02
+_merge.SMALL_FILES = 2
+def told(name, work):
+    def tells(*arguments):
+        print(name, flush=True)
+        return work(*arguments)
+    return tells
+_add._run = told("translates", _add._run)
+_add.Manifest.exchange = told("merges", _add.Manifest.exchange)
+_add._Commits.commit = told("commits", _add._Commits.commit)
 from qvslm.__main__ import main
 if __name__ == "__main__":
     sys.exit(main(["archive", "add", sys.argv[1], "--to", sys.argv[2], "--processes", "2"]))
@@ -151,22 +182,27 @@ if __name__ == "__main__":
 
 
 def test_killed_at_twenty_moments(tmp_path: Path) -> None:
-    paths = write_files(tmp_path / "files", 40)
+    paths = write_files(tmp_path / "files", 26)
     dataset = tmp_path / "dataset"
     child = tmp_path / "child.py"
     child.write_text(_CHILD)
     moments = random.Random(16)
-    kills = 0
-    while kills < 20:
-        run = subprocess.Popen(
-            [sys.executable, child, tmp_path / "files", dataset], stderr=subprocess.DEVNULL
-        )
-        try:
-            run.wait(moments.uniform(0.3, 2.5))
-        except subprocess.TimeoutExpired:
-            run.send_signal(signal.SIGKILL)
-            run.wait()
-            kills += 1
+    kills: Counter[str] = Counter()
+    while kills.total() < 20:
+        phase = ("translates", "commits", "merges")[kills.total() % 3]
+        with subprocess.Popen(
+            [sys.executable, child, tmp_path / "files", dataset],
+            stdout=subprocess.PIPE,
+            stderr=subprocess.DEVNULL,
+            text=True,
+        ) as run:
+            assert run.stdout is not None
+            lines = (line for line in run.stdout if line == f"{phase}\n")
+            later = 0 if phase == "translates" else moments.randrange(5)
+            if next(itertools.islice(lines, later, None), None) is not None:
+                time.sleep(moments.uniform(0, 1.5 if phase == "translates" else 0.05))
+                run.kill()
+                kills[phase] += 1
         if (dataset / "manifest.parquet").exists():
             files = Manifest.load(dataset).files
             # A file that changed may still stand there as it was before.
@@ -175,7 +211,7 @@ def test_killed_at_twenty_moments(tmp_path: Path) -> None:
             assert_rows_are_those_of(dataset, same, others=True)
             if len(same) == len(paths):
                 # All is there: something changes, so that there is something to do.
-                for path in moments.sample(paths, 20):
+                for path in moments.sample(paths, 12):
                     path.write_bytes(path.read_bytes()[:-8])
     _add_all(tmp_path / "files", dataset)
     assert_rows_are_those_of(dataset, paths)
@@ -202,4 +238,13 @@ def test_layout(files: list[Path], tmp_path: Path) -> None:
         assert group.column(0).compression == "ZSTD"
         assert group.column(1).statistics.has_min_max
         assert [column.column_index for column in group.sorting_columns] == [1]
-        assert pq.read_schema(path).equals(_layout.schema(part.kind, None))
+        schema = pq.read_schema(path)
+        assert schema.equals(_layout.schema(part.kind, None))
+        told = {key for field in schema for key in field.metadata or {}} - {b"PARQUET:field_id"}
+        assert told <= {b"unit"}
+        # What has no engine but the newest is not used, and few rows get no dictionaries.
+        found = [group.column(place).encodings for place in range(group.num_columns)]
+        assert not any("BYTE_STREAM_SPLIT" in encodings for encodings in found)
+        assert "DELTA_BINARY_PACKED" in group.column(1).encodings
+        has_dictionaries = sum("RLE_DICTIONARY" in encodings for encodings in found)
+        assert (has_dictionaries > 1) == (part.rows >= 1024)

@@ -5,25 +5,10 @@ from pathlib import Path
 
 import numpy as np
 import pytest
-from conftest import write_files
 from numpy.typing import NDArray
 
 import qvslm
 from qvslm import archive
-
-
-@pytest.fixture(scope="module")
-def files(tmp_path_factory: pytest.TempPathFactory) -> list[Path]:
-    """The sixty files, of which no test changes one."""
-    return write_files(tmp_path_factory.mktemp("archive") / "files")
-
-
-@pytest.fixture(scope="module")
-def dataset(files: list[Path]) -> Path:
-    """The dataset of the sixty files."""
-    folder = files[0].parents[2]
-    archive.add(folder / "files", folder / "dataset", processes=2)
-    return folder / "dataset"
 
 
 def _intervals(files: list[Path]) -> dict[str, tuple[NDArray[np.datetime64], NDArray[np.float64]]]:
@@ -38,9 +23,9 @@ def _intervals(files: list[Path]) -> dict[str, tuple[NDArray[np.datetime64], NDA
 
 
 @pytest.mark.parametrize(("each", "unit"), [("hour", "M8[h]"), ("day", "M8[D]")])
-def test_energy_means(files: list[Path], dataset: Path, each: str, unit: str) -> None:
+def test_energy_means(kept_files: list[Path], kept_dataset: Path, each: str, unit: str) -> None:
     expected = {}
-    for instrument, (times, levels) in _intervals(files).items():
+    for instrument, (times, levels) in _intervals(kept_files).items():
         there = levels != 999.0
         times, levels = times[there].astype(unit), levels[there]
         for time in np.unique(times):
@@ -51,7 +36,7 @@ def test_energy_means(files: list[Path], dataset: Path, each: str, unit: str) ->
                 mean,
                 *np.percentile(own, (90, 50, 10)),
             ]
-    with archive.open(dataset) as connection:
+    with archive.open(kept_dataset) as connection:
         answer = archive.energy_means(connection, "LevelA", each).fetchall()
     assert len(expected) > 5
     assert [(row[0], row[1]) for row in answer] == sorted(expected)
@@ -59,46 +44,46 @@ def test_energy_means(files: list[Path], dataset: Path, each: str, unit: str) ->
         assert row[2:] == pytest.approx(expected[row[0], row[1]], abs=1e-6)
 
 
-def test_gaps(files: list[Path], dataset: Path) -> None:
+def test_gaps(kept_files: list[Path], kept_dataset: Path) -> None:
     expected = []
-    for instrument, (times, _) in sorted(_intervals(files).items()):
+    for instrument, (times, _) in sorted(_intervals(kept_files).items()):
         times = np.sort(times).astype("M8[s]")
         steps = np.diff(times).astype(np.int64)
         for place in np.flatnonzero(steps > 900):
             expected.append(
                 (instrument, times[place].item(), times[place + 1].item(), float(steps[place]))
             )
-    with archive.open(dataset) as connection:
+    with archive.open(kept_dataset) as connection:
         assert archive.gaps(connection, 900).fetchall() == expected
     assert expected
 
 
-def test_loudest_events(files: list[Path], dataset: Path) -> None:
+def test_loudest_events(kept_files: list[Path], kept_dataset: Path) -> None:
     levels = []
-    for path in files:
+    for path in kept_files:
         own = qvslm.read(path)["LevelMark"]["Level"]
         levels += own[own != 999.0].tolist()
-    with archive.open(dataset) as connection:
+    with archive.open(kept_dataset) as connection:
         answer = archive.loudest_events(connection, "Level", 12).fetchall()
     assert [row[2] for row in answer] == sorted(levels, reverse=True)[:12]
 
 
-def test_every_kind_has_its_rows(files: list[Path], dataset: Path) -> None:
+def test_every_kind_has_its_rows(kept_files: list[Path], kept_dataset: Path) -> None:
     counts: dict[str, int] = dict.fromkeys([*qvslm.RECORDS, "Samples"], 0)
-    for path in files:
+    for path in kept_files:
         measurement = qvslm.read(path)
         counts["Samples"] += len(measurement.samples())
         for kind in measurement:
             counts[kind] += len(measurement[kind])
-    with archive.open(dataset) as connection:
+    with archive.open(kept_dataset) as connection:
         for kind, count in counts.items():
             answer = connection.sql(f'SELECT count(*), count(instrument) FROM "{kind}"').fetchall()
             assert answer == [(count, count)], kind
 
 
-def test_broken_files_are_told(files: list[Path], dataset: Path) -> None:
-    expected = {str(path) for path in files if not qvslm.read(path).status.whole}
-    with archive.open(dataset) as connection:
+def test_broken_files_are_told(kept_files: list[Path], kept_dataset: Path) -> None:
+    expected = {str(path) for path in kept_files if not qvslm.read(path).status.whole}
+    with archive.open(kept_dataset) as connection:
         rows = connection.sql("FROM broken").fetchall()
         parquet = connection.sql("SELECT sum(parquet_bytes), sum(rows) FROM files").fetchall()
     assert {row[0] for row in rows} == expected
@@ -106,8 +91,8 @@ def test_broken_files_are_told(files: list[Path], dataset: Path) -> None:
     assert all(parquet[0])
 
 
-def test_the_answer_in_the_zone_of_the_place(files: list[Path], tmp_path: Path) -> None:
-    path = next(path for path in files if "night_europe" in path.name)
+def test_the_answer_in_the_zone_of_the_place(kept_files: list[Path], tmp_path: Path) -> None:
+    path = next(path for path in kept_files if "night_europe" in path.name)
     archive.add(path, tmp_path / "zone", tz="Europe/Berlin", processes=1)
     with archive.open(tmp_path / "zone") as connection:
         rows = archive.energy_means(connection, "LevelA", "hour").project("epoch(hour), records")

@@ -10,6 +10,8 @@ from datetime import datetime
 from pathlib import Path
 
 import duckdb
+import numpy as np
+import polars as pl
 import pytest
 from pyspark.errors import PySparkException
 from pyspark.sql import DataFrame, SparkSession
@@ -63,17 +65,17 @@ def test_schema(spark: SparkSession) -> None:
     assert zoned["RecordTime"].simpleString() == "RecordTime:timestamp"
 
 
-def test_rows_columns_and_filters(spark: SparkSession, files: list[Path], tmp_path: Path) -> None:
+def test_rows_columns_and_filters(spark: SparkSession, kept_files: list[Path]) -> None:
     frame = load(
         spark,
-        tmp_path / "files",
+        kept_files[0].parents[1],
         records="Interval",
         columns="file,time,LevelA",
         partition_bytes=200_000,
     )
     assert frame.columns == ["file", "time", "LevelA"]
     expected = []
-    for path in files:
+    for path in kept_files:
         measurement = qvslm.read(path)
         times = measurement.times("Interval").tolist()
         levels = measurement["Interval"]["LevelA"].tolist()
@@ -127,17 +129,41 @@ def _as_rows(connection: duckdb.DuckDBPyConnection, kind: str, parquet: Path) ->
 
 @pytest.mark.parametrize("kind", ["Interval", "Samples", "Settings"])
 def test_written_by_spark(
-    spark: SparkSession, files: list[Path], tmp_path: Path, kind: str
+    spark: SparkSession, kept_files: list[Path], kept_dataset: Path, tmp_path: Path, kind: str
 ) -> None:
-    archive.add(tmp_path / "files", tmp_path / "dataset", processes=2)
-    frame = load(spark, tmp_path / "files", records=kind)
+    frame = load(spark, kept_files[0].parents[1], records=kind)
     written = tmp_path / "written"
     frame.sortWithinPartitions("kind", "instrument", "month", "time").write.partitionBy(
         "kind", "instrument", "month"
     ).option("compression", "zstd").parquet(str(written))
-    with archive.open(tmp_path / "dataset") as connection:
+    with archive.open(kept_dataset) as connection:
         assert _as_rows(connection, kind, written) == [(0,), (0,)]
         assert connection.sql(f'SELECT count(*) FROM "{kind}"').fetchall() == [(frame.count(),)]
+
+
+def test_engines_read_what_was_added(
+    spark: SparkSession, kept_files: list[Path], kept_dataset: Path
+) -> None:
+    paths = archive.paths(kept_dataset, "Samples")
+    series = [qvslm.read(path).samples() for path in kept_files]
+    marks = sum(int(own["mark"].astype(int).sum()) for own in series)
+    levels = sum(float(np.nansum(own["level"], dtype=float)) for own in series)
+    latest = max(own["time"].max() for own in series if len(own)).item()
+    of_spark = spark.read.parquet(*paths).selectExpr(
+        "sum(mark)", "sum(level)", "max(time)", "count(record)"
+    )
+    of_polars = (
+        pl.scan_parquet(paths)
+        .select(
+            pl.col("mark").cast(pl.Int64).sum(),
+            pl.col("level").cast(pl.Float64).sum(),
+            pl.col("time").max(),
+            pl.col("record").count(),
+        )
+        .collect()
+    )
+    for row in (tuple(of_spark.collect()[0]), of_polars.row(0)):
+        assert row == (marks, pytest.approx(levels), latest, sum(map(len, series)))
 
 
 # Each task tells that it runs, by its executor, and waits until it may go on.
@@ -168,10 +194,10 @@ def _executors(application: str) -> list[int]:
     return [int(line) for line in found.stdout.split()]
 
 
-def test_a_worker_of_a_cluster_is_killed(files: list[Path], tmp_path: Path) -> None:
-    expected = sum(len(qvslm.read(path).samples()) for path in files)
+def test_a_worker_of_a_cluster_is_killed(kept_files: list[Path], tmp_path: Path) -> None:
+    expected = sum(len(qvslm.read(path).samples()) for path in kept_files)
     run = subprocess.Popen(
-        [sys.executable, "-c", _CLUSTER, tmp_path / "files", tmp_path],
+        [sys.executable, "-c", _CLUSTER, kept_files[0].parents[1], tmp_path],
         cwd=Path(__file__).parent,
         stdout=subprocess.PIPE,
         stderr=(tmp_path / "log").open("w"),

@@ -224,7 +224,11 @@ class _Reader(DataSourceReader):
                 heads = {
                     "kind": [kind] * table.num_rows,
                     "instrument": [_layout.instrument(info)] * table.num_rows,
-                    "month": _layout.months(table),
+                    "month": [
+                        month
+                        for start, end, month in _layout.months(table)
+                        for _ in range(start, end)
+                    ],
                 }
                 for name, values in heads.items():
                     if name in self._columns:

@@ -1,5 +1,6 @@
 """Adds measurement files to a dataset: what is new, changed and gone, on all cores."""
 
+import itertools
 import multiprocessing
 import os
 import sys
@@ -13,11 +14,17 @@ from pathlib import Path
 from typing import TextIO
 
 from .. import _zones
-from . import _manifest
-from ._manifest import UNREADABLE, File, Manifest
+from . import _manifest, _merge
+from ._dataset_files import UNREADABLE, WHOLE, File, Merged
+from ._errors import DatasetError
+from ._manifest import Manifest
 from ._translate import fingerprint, shown, translate
 
 _COMMIT_SECONDS = 20.0
+# Commits take at most a tenth of the time.
+_COMMIT_SHARE = 9
+# So few are merged sooner than processes start.
+_FEW_JOBS = 16
 _SHOW_SECONDS = 0.5
 
 Source = str | os.PathLike[str]
@@ -37,6 +44,8 @@ class Report:
     """Of the measurement files that were translated."""
     swept: int = 0
     """Parquet files that no manifest named, left by a run that was stopped, or replaced."""
+    merged: int = 0
+    """Small Parquet files that became larger ones."""
     broken: list[File] = field(default_factory=list)
     """Of the files translated by this run."""
     seconds: float = 0.0
@@ -165,6 +174,40 @@ def _translated(
             yield _alone(path, name, dataset, tz)
 
 
+def _merged(jobs: list[_merge.Job], dataset: Path, processes: int) -> Iterator[Merged]:
+    if processes == 1 or len(jobs) < _FEW_JOBS:
+        yield from (_merge.merge(str(dataset), job) for job in jobs)
+        return
+    with _pool(min(processes, len(jobs))) as pool:
+        try:
+            yield from pool.map(_merge.merge, itertools.repeat(str(dataset)), jobs)
+        except BrokenProcessPool:
+            raise DatasetError(f"a process that merged files of {dataset} died") from None
+
+
+class _Commits:
+    """What is done counts from time to time: the costlier that is, the rarer."""
+
+    def __init__(self, dataset: Path, manifest: Manifest, processes: int) -> None:
+        self._dataset = dataset
+        self._manifest = manifest
+        self._processes = processes
+        self._next = time.monotonic() + _COMMIT_SECONDS
+
+    def are_due(self) -> bool:
+        """Whether it is time."""
+        return time.monotonic() > self._next
+
+    def commit(self) -> None:
+        """Rewrites the Parquet files that hold rows of files that went, and then the manifest."""
+        begin = time.monotonic()
+        for merged in _merged(_merge.holed(self._manifest), self._dataset, self._processes):
+            self._manifest.exchange(merged)
+        self._manifest.commit(self._dataset)
+        end = time.monotonic()
+        self._next = end + max(_COMMIT_SECONDS, _COMMIT_SHARE * (end - begin))
+
+
 # Progress ----------------------------------------------------------------------------------------
 
 
@@ -222,7 +265,8 @@ def add(
     Files that are new or changed are translated, the rows of files that are gone from these
     folders leave the dataset, and files known already cost a look at their size and time. ``tz`` is
     the zone of the measurements and holds for the whole dataset, from its first run on. ``tell`` is
-    called with each file that is done. What is done so far is committed every 20 seconds.
+    called with each file that is done. What is done so far is committed every 20 seconds. At the
+    end small Parquet files are merged into larger ones.
     """
     listed = [sources] if isinstance(sources, (str, os.PathLike)) else list(sources)
     dataset = Path(os.path.abspath(to))  # noqa: PTH100
@@ -233,11 +277,13 @@ def add(
         report.swept = _manifest.sweep(dataset, manifest)
         plan = _plan(listed, pattern, dataset, manifest, report)
         for name in plan.gone:
-            del manifest.files[name]
+            manifest.drop(name)
         for name, size, modified in plan.touched:
             manifest.files[name].size, manifest.files[name].modified = size, modified
         report.gone = len(plan.gone)
-        _run(plan, dataset, manifest, report, processes or os.cpu_count() or 1, tell)
+        workers = processes or os.cpu_count() or 1
+        _run(plan, dataset, manifest, report, workers, tell)
+        report.merged = _merge_small(dataset, manifest, workers)
     report.seconds = time.monotonic() - begin
     return report
 
@@ -251,7 +297,7 @@ def _run(
     tell: Callable[[File], None] | None,
 ) -> None:
     progress = _Progress(plan, sys.stderr)
-    committed = time.monotonic()
+    commits = _Commits(dataset, manifest, processes)
     is_new = not (dataset / _manifest.NAME).exists()
     dirty = bool(is_new or plan.gone or plan.touched)
     try:
@@ -260,19 +306,32 @@ def _run(
                 report.changed += 1
             else:
                 report.new += 1
-            manifest.files[file.path] = file
+            manifest.put(file)
             dirty = True
             report.rows += file.rows
             report.bytes += file.size
-            if file.status != _manifest.WHOLE:
+            if file.status != WHOLE:
                 report.broken.append(file)
             if tell is not None:
                 tell(file)
             progress.show(report.new + report.changed, report.bytes, len(report.broken))
-            if time.monotonic() - committed > _COMMIT_SECONDS:
-                manifest.commit(dataset)
-                dirty, committed = False, time.monotonic()
+            if commits.are_due():
+                commits.commit()
+                dirty = False
     finally:
         progress.close()
         if dirty:
-            manifest.commit(dataset)
+            commits.commit()
+
+
+def _merge_small(dataset: Path, manifest: Manifest, processes: int) -> int:
+    commits = _Commits(dataset, manifest, processes)
+    count = 0
+    while jobs := _merge.small(manifest):
+        for merged in _merged(jobs, dataset, processes):
+            manifest.exchange(merged)
+            count += len(merged.old)
+            if commits.are_due():
+                commits.commit()
+        commits.commit()
+    return count

@@ -1,7 +1,9 @@
 """How records stand in the Parquet files of a dataset, whoever writes them."""
 
 import dataclasses
+import itertools
 import re
+from collections import Counter
 from collections.abc import Collection, Iterator
 from datetime import UTC
 
@@ -18,9 +20,27 @@ from .._records import RecordType, record_type
 SAMPLES = "Samples"
 """The kind of the rows of the time history, a row a sample or marker."""
 NO_MONTH = "unknown"
+NO_TIME = int(np.iinfo(np.int64).min)
+_HISTORY = "TimeHistory"
 _TIME_FIELDS = ("RecordTime", "BlockTime", "StopTime")
 _NOBODY = Info("", 0, "", "", "", ("", "", ""), 0, None, None, None, None)
-_ENTRIES = int(record_type("TimeHistory").dtype["FirstLevels"].shape[0])
+_ENTRIES = max(size for field in record_type(_HISTORY).fields for size in field.shape)
+_NUMBER = pa.field(
+    "record",
+    pa.int32(),
+    metadata={"comment": "number of the record of the time history in its file, from 0"},
+)
+
+
+def stored(kind: str) -> RecordType:
+    """The records of a kind with the fields that stand in the dataset.
+
+    The entries of a time history are the rows of ``Samples``, and stand there alone.
+    """
+    record = record_type(kind)
+    if kind != _HISTORY:
+        return record
+    return dataclasses.replace(record, fields=tuple(f for f in record.fields if not f.shape))
 
 
 def instrument(info: Info) -> str:
@@ -54,13 +74,33 @@ def _times(record: RecordType, rows: Rows, info: Info) -> NDArray[np.int64]:
     return np.where(times > 0, times, _seconds(info))
 
 
-def months(table: pa.Table) -> NDArray[np.str_]:
-    """The month of each row by the clock of its place: "2024-06"."""
-    times = table.column("time")
+def keys(table: pa.Table) -> NDArray[np.int64]:
+    """By what rows are sorted: their times, those without one first."""
+    times = table.column("time").cast(pa.int64()).combine_chunks()
+    numbers: NDArray[np.int64] = times.fill_null(NO_TIME).to_numpy(zero_copy_only=False)
+    return numbers
+
+
+def _month(number: np.datetime64) -> str:
+    return NO_MONTH if np.isnat(number) else str(number)
+
+
+def months(table: pa.Table) -> list[tuple[int, int, str]]:
+    """The rows by months on the clock of the place: first row, the one behind, "2024-06"."""
+    if table.num_rows == 0:
+        return []
+    times = table.column("time").combine_chunks()
     if times.type.tz is not None:
         times = pc.local_timestamp(times)
-    numbers = times.combine_chunks().to_numpy(zero_copy_only=False).astype("M8[M]")
-    return np.where(np.isnat(numbers), NO_MONTH, numbers.astype(str))
+    if times.null_count == 0:
+        ends = pc.min_max(times).values()
+        first, last = (np.datetime64(end.value, times.type.unit).astype("M8[M]") for end in ends)
+        if first == last:
+            return [(0, len(times), _month(first))]
+    numbers = times.to_numpy(zero_copy_only=False).astype("M8[M]")
+    counts = numbers.view(np.int64)
+    starts = [0, *(np.flatnonzero(counts[1:] != counts[:-1]) + 1).tolist(), len(counts)]
+    return [(start, end, _month(numbers[start])) for start, end in itertools.pairwise(starts)]
 
 
 def _files(path: str, rows: int) -> pa.Array:
@@ -76,9 +116,13 @@ def records_table(
     info: Info,
     tz: str | None,
     columns: Collection[str] | None = None,
+    first: int = 0,
 ) -> pa.Table:
-    """Records as they stand in the dataset; of their fields those that are asked for."""
-    record = record_type(kind)
+    """Records as they stand in the dataset; of their fields those that are asked for.
+
+    ``first`` is the number of the first of them in its file.
+    """
+    record = stored(kind)
     seconds = _times(record, rows, info)
     times = pa.array(seconds * 1000, mask=seconds == 0).cast(_time_type(tz, "ms"))
     if columns is not None:
@@ -86,15 +130,20 @@ def records_table(
         record = dataclasses.replace(record, fields=wanted)
     table = _frames.to_arrow(record, rows, tz)
     heads = [pa.field("file", pa.string()), pa.field("time", times.type)]
+    arrays = [_files(path, len(rows)), times]
+    if kind == _HISTORY:
+        heads.append(_NUMBER)
+        arrays.append(pa.array(np.arange(first, first + len(rows), dtype=np.int32)))
     # Parquet knows no seconds.
     fields = [field.with_type(_in_milliseconds(field.type)) for field in table.schema]
-    table = table.cast(pa.schema(fields))
-    return pa.Table.from_arrays(
-        [_files(path, len(rows)), times, *table.columns], schema=pa.schema([*heads, *fields])
-    )
+    for field, column in zip(fields, table.columns, strict=True):
+        arrays.append(column if column.type == field.type else column.cast(field.type))
+    return pa.Table.from_arrays(arrays, schema=pa.schema([*heads, *fields]))
 
 
-def _samples_table(series: NDArray[np.void], path: str, tz: str | None) -> pa.Table:
+def _samples_table(
+    series: NDArray[np.void], numbers: NDArray[np.int32], path: str, tz: str | None
+) -> pa.Table:
     levels = [
         pa.array(np.ascontiguousarray(series[name]), from_pandas=True)
         for name in ("level", "second")
@@ -106,12 +155,13 @@ def _samples_table(series: NDArray[np.void], path: str, tz: str | None) -> pa.Ta
     fields = [
         pa.field("file", pa.string()),
         pa.field("time", times.type),
+        _NUMBER,
         pa.field("level", pa.float32(), metadata=decibels),
         pa.field("second", pa.float32(), metadata=decibels),
         pa.field("mark", pa.int16()),
         pa.field("detail", pa.int16()),
     ]
-    arrays = [_files(path, len(series)), times, *levels, *marks]
+    arrays = [_files(path, len(series)), times, pa.array(numbers), *levels, *marks]
     return pa.Table.from_arrays(arrays, schema=pa.schema(fields))
 
 
@@ -127,8 +177,11 @@ class Samples:
         self._tz = tz
         self._tail = np.empty(0, record_type("TimeHistory").dtype)
 
-    def table(self, rows: Rows) -> pa.Table:
-        """The samples of the records, which go on where those before ended."""
+    def table(self, rows: Rows, first: int) -> pa.Table:
+        """The samples of the records, which go on where those before ended.
+
+        ``first`` is the number of the first of them in the file.
+        """
         known = len(self._tail)
         # As bytes: of records NumPy would leave out what stands between the fields.
         pieces = [np.ascontiguousarray(piece).view(np.uint8) for piece in (self._tail, rows)]
@@ -140,13 +193,16 @@ class Samples:
         whole = begin == rows["RecordTime"].astype(np.int64) * 1_000_000
         anchors = np.flatnonzero((counts > 0) & whole)
         self._tail = rows[anchors[-1] if len(anchors) else 0 :].copy()
-        return _samples_table(series[begins[known] :], self._path, self._tz)
+        numbers = np.arange(first, first + len(rows) - known, dtype=np.int32)
+        return _samples_table(
+            series[begins[known] :], np.repeat(numbers, counts[known:]), self._path, self._tz
+        )
 
 
 def schema(kind: str, tz: str | None) -> pa.Schema:
     """The columns of a kind of rows: file and time, then the fields of the record."""
     if kind == SAMPLES:
-        return _samples_table(np.empty(0, SAMPLE), "", tz).schema
+        return _samples_table(np.empty(0, SAMPLE), np.empty(0, np.int32), "", tz).schema
     return records_table(kind, np.empty(0, record_type(kind).dtype), "", _NOBODY, tz).schema
 
 
@@ -163,12 +219,15 @@ def tables(
     has_samples = kinds is None or SAMPLES in kinds
     records = None if kinds is None else {*kinds} - {SAMPLES}
     if records is not None and has_samples:
-        records.add("TimeHistory")
+        records.add(_HISTORY)
+    counts: Counter[str] = Counter()
     for batch in file.batches(records, batch_rows):
         for kind, rows in batch.items():
+            first = counts[kind]
+            counts[kind] += len(rows)
             if kinds is None or kind in kinds:
-                yield kind, records_table(kind, rows, path, info, file.tz, columns)
-            if kind == "TimeHistory" and has_samples:
-                series = samples.table(rows)
+                yield kind, records_table(kind, rows, path, info, file.tz, columns, first)
+            if kind == _HISTORY and has_samples:
+                series = samples.table(rows, first)
                 if series.num_rows > 0:
                     yield SAMPLES, series

@@ -6,93 +6,32 @@ count, and the next run removes them.
 """
 
 import contextlib
+import gc
 import json
 import os
+from collections import defaultdict
 from collections.abc import Iterator
-from dataclasses import dataclass, field
-from datetime import datetime
 from pathlib import Path
 
-import pyarrow as pa
 import pyarrow.parquet as pq
 
+from ._dataset_files import FOLDER, WHOLE, File, Merged, Part, Place, files_of, path_of, table_of
+
 NAME = "manifest.parquet"
-FOLDER = "records"
 _KEY = b"qvslm.archive"
-_LAYOUT = 1
-
-WHOLE, BROKEN, UNREADABLE = "whole", "broken", "unreadable"
-
-_PART = pa.struct(
-    [
-        ("path", pa.string()),
-        ("kind", pa.string()),
-        ("rows", pa.int64()),
-        ("bytes", pa.int64()),
-    ]
-)
-_TIME = pa.timestamp("ms")
-SCHEMA = pa.schema(
-    [
-        ("path", pa.string()),
-        ("size", pa.int64()),
-        ("modified", pa.int64()),
-        ("fingerprint", pa.string()),
-        ("instrument", pa.string()),
-        ("model", pa.int64()),
-        ("serial", pa.string()),
-        ("firmware", pa.string()),
-        ("mode", pa.string()),
-        ("titles", pa.list_(pa.string())),
-        ("start", _TIME),
-        ("last_stop", _TIME),
-        ("last_record", _TIME),
-        ("census", pa.map_(pa.string(), pa.int64())),
-        ("rows", pa.int64()),
-        ("status", pa.string()),
-        ("reason", pa.string()),
-        ("offset", pa.int64()),
-        ("parts", pa.list_(_PART)),
-    ]
-)
+_LAYOUT = 2
 
 
-@dataclass(frozen=True)
-class Part:
-    """A Parquet file: its path in the dataset, and what is in it."""
-
-    path: str
-    kind: str
-    rows: int
-    bytes: int
-
-
-@dataclass
-class File:
-    """A measurement file of the archive, and what became of it."""
-
-    path: str
-    size: int
-    modified: int
-    """Nanoseconds since 1970, as the file system tells."""
-    fingerprint: str
-    status: str
-    """"whole", "broken" (it ends early: its rows are those before), or "unreadable"."""
-    reason: str
-    offset: int | None = None
-    instrument: str = ""
-    model: int = 0
-    serial: str = ""
-    firmware: str = ""
-    mode: str = ""
-    titles: list[str] = field(default_factory=list)
-    start: datetime | None = None
-    """Like the other times as the clock of the instrument shows it; with a zone, as UTC does."""
-    last_stop: datetime | None = None
-    last_record: datetime | None = None
-    census: dict[str, int] = field(default_factory=dict)
-    rows: int = 0
-    parts: list[Part] = field(default_factory=list)
+def zone_of(dataset: str | os.PathLike[str]) -> str | None:
+    """The zone of a dataset. Raises ``ValueError`` where its layout is another one."""
+    told = json.loads((pq.read_schema(Path(dataset) / NAME).metadata or {}).get(_KEY, b"{}"))
+    if told.get("layout") != _LAYOUT:
+        raise ValueError(
+            f"{dataset} has the layout {told.get('layout', 'of no archive')}, and this version"
+            f" knows {_LAYOUT}: add the files to a new folder"
+        )
+    zone: str | None = told["tz"]
+    return zone
 
 
 class Manifest:
@@ -102,30 +41,56 @@ class Manifest:
         self.tz = tz
         """The zone of the measurements, None for the clocks of the instruments."""
         self.files: dict[str, File] = {}
+        self._left: set[Place] = set()
 
     @classmethod
     def load(cls, dataset: str | os.PathLike[str]) -> "Manifest":
         """The manifest of a dataset. Raises ``FileNotFoundError`` where there is none."""
+        manifest = cls(zone_of(dataset))
         table = pq.read_table(Path(dataset) / NAME, partitioning=None)
-        told = json.loads((table.schema.metadata or {}).get(_KEY, b"{}"))
-        if told.get("layout") != _LAYOUT:
-            raise ValueError(f"{dataset} is no archive of this version")
-        manifest = cls(told["tz"])
-        for row in table.to_pylist():
-            parts = [Part(**part) for part in row.pop("parts")]
-            census = dict(row.pop("census"))
-            manifest.files[row["path"]] = File(**row, parts=parts, census=census)
+        with _uncollected():
+            manifest.files = {file.path: file for file in files_of(table)}
         return manifest
+
+    def put(self, file: File) -> None:
+        """A file that is new, or takes the place of what it was."""
+        self.drop(file.path)
+        self.files[file.path] = file
+
+    def drop(self, name: str) -> None:
+        """The rows of a file count no longer."""
+        if name in self.files:
+            self._left.update(part.place for part in self.files.pop(name).parts)
+
+    def holed(self) -> dict[Place, list[str]]:
+        """The Parquet files that hold rows of files that went, and the files that stay in them.
+
+        While there are some the manifest cannot be committed.
+        """
+        found: dict[Place, list[str]] = defaultdict(list)
+        for file in self.files.values() if self._left else ():
+            for part in file.parts:
+                if part.place in self._left:
+                    found[part.place].append(file.path)
+        self._left &= found.keys()
+        return found
+
+    def exchange(self, merged: Merged) -> None:
+        """Names a Parquet file for those whose rows it holds."""
+        old = set(merged.old)
+        for name, part in merged.parts():
+            parts = self.files[name].parts
+            at = next(i for i, other in enumerate(parts) if other.place in old)
+            parts[at:] = [part, *(other for other in parts[at:] if other.place not in old)]
+        self._left -= old
 
     def commit(self, dataset: Path) -> None:
         """Makes the files the dataset's, all at once and for good."""
-        rows = [
-            {**vars(file), "parts": [vars(part) for part in file.parts]}
-            | {"census": list(file.census.items())}
-            for _, file in sorted(self.files.items())
-        ]
+        if self.holed():
+            raise ValueError("Parquet files hold rows of files that went")
         told = json.dumps({"layout": _LAYOUT, "tz": self.tz}).encode()
-        table = pa.Table.from_pylist(rows, SCHEMA.with_metadata({_KEY: told}))
+        files = [file for _, file in sorted(self.files.items())]
+        table = table_of(files, {_KEY: told})
         beside = dataset / f".{NAME}"
         pq.write_table(table, beside, compression="zstd")
         # What the manifest names is on the disk before the manifest is.
@@ -133,7 +98,7 @@ class Manifest:
         beside.replace(dataset / NAME)
 
     def parts(self, kind: str | None = None) -> list[Part]:
-        """The Parquet files of a kind of records, or all of them."""
+        """The rows of files in Parquet files, of a kind of records or of all."""
         return [
             part
             for file in self.files.values()
@@ -150,9 +115,21 @@ class Manifest:
         return [file for file in self.files.values() if file.status != WHOLE]
 
 
+@contextlib.contextmanager
+def _uncollected() -> Iterator[None]:
+    """Millions of objects that stay are made without a search for garbage among them."""
+    was_on = gc.isenabled()
+    gc.disable()
+    try:
+        yield
+    finally:
+        if was_on:
+            gc.enable()
+
+
 def sweep(dataset: Path, manifest: Manifest) -> int:
     """Removes Parquet files that the manifest does not name, and folders without a file."""
-    named = {part.path for part in manifest.parts()}
+    named = {path_of(place) for place in {part.place for part in manifest.parts()}}
     removed = 0
     for folder, _, names in os.walk(dataset / FOLDER, topdown=False):
         for name in names:

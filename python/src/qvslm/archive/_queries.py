@@ -1,6 +1,7 @@
 """A dataset in DuckDB, and the questions that an office asks it."""
 
 import os
+from collections import defaultdict
 from pathlib import Path
 from typing import TYPE_CHECKING
 
@@ -8,7 +9,8 @@ import pyarrow as pa
 
 from .._records import RECORD_TYPES
 from . import _layout
-from ._manifest import NAME, Manifest
+from ._dataset_files import path_of
+from ._manifest import NAME, zone_of
 
 if TYPE_CHECKING:
     import duckdb
@@ -24,6 +26,29 @@ def _name(value: str) -> str:
     return '"' + value.replace('"', '""') + '"'
 
 
+def _paths(connection: "duckdb.DuckDBPyConnection", folder: Path) -> dict[str, list[str]]:
+    """The Parquet files of each kind. Of millions of rows of a manifest no objects are made."""
+    found: dict[str, list[str]] = defaultdict(list)
+    listed = _text(str(folder / NAME))
+    places = connection.execute(
+        "SELECT DISTINCT part.kind, instrument, part.month, part.name FROM"
+        f" (SELECT instrument, unnest(parts) AS part FROM read_parquet({listed})) ORDER BY ALL"
+    )
+    for place in places.fetchall():
+        found[place[0]].append(str(folder / path_of(place)))
+    return found
+
+
+def paths(dataset: str | os.PathLike[str], kind: str) -> list[str]:
+    """The Parquet files that hold a kind of rows now, for other engines."""
+    import duckdb
+
+    folder = Path(dataset).absolute()
+    zone_of(folder)
+    with duckdb.connect() as connection:
+        return _paths(connection, folder).get(kind, [])
+
+
 def open(dataset: str | os.PathLike[str]) -> "duckdb.DuckDBPyConnection":
     """A connection of DuckDB with the dataset as it is now.
 
@@ -35,21 +60,21 @@ def open(dataset: str | os.PathLike[str]) -> "duckdb.DuckDBPyConnection":
     import duckdb
 
     folder = Path(dataset).absolute()
-    manifest = Manifest.load(folder)
+    tz = zone_of(folder)
     connection = duckdb.connect()
-    if manifest.tz is not None:
-        connection.execute(f"SET TimeZone = {_text(manifest.tz)}")
+    if tz is not None:
+        connection.execute(f"SET TimeZone = {_text(tz)}")
+    files = _paths(connection, folder)
     for kind in [*RECORD_TYPES, _layout.SAMPLES]:
-        parts = [str(folder / part.path) for part in manifest.parts(kind)]
-        if parts:
-            listed = ", ".join(map(_text, parts))
+        if kind in files:
+            listed = ", ".join(map(_text, files[kind]))
             connection.execute(
                 f"CREATE VIEW {_name(kind)} AS SELECT * EXCLUDE (kind)"
                 f" FROM read_parquet([{listed}], hive_partitioning = true,"
                 " hive_types = {kind: VARCHAR, instrument: VARCHAR, month: VARCHAR})"
             )
         else:
-            empty = _layout.schema(kind, manifest.tz).empty_table()
+            empty = _layout.schema(kind, tz).empty_table()
             for column in ("instrument", "month"):
                 empty = empty.append_column(column, pa.array([], pa.string()))
             connection.register(kind, empty)

@@ -1,129 +1,60 @@
 """One measurement file as Parquet files of a dataset."""
 
 import hashlib
-import itertools
 import os
-import time
-import uuid
 from datetime import UTC, datetime
 from pathlib import Path
 
 import numpy as np
 import pyarrow as pa
-import pyarrow.parquet as pq
 
 from .._errors import Error
 from .._file import Info, MeasurementFile
 from . import _layout
-from ._manifest import BROKEN, FOLDER, UNREADABLE, WHOLE, File, Part
+from ._dataset_files import BROKEN, UNREADABLE, WHOLE, File, Part, Place, path_of
+from ._errors import DatasetError
+from ._part_writer import PartWriter, new_name
 
 BATCH = 16384
-# A row group is large enough for engines to read it fast, and small enough to be kept in memory
-# for each kind of records at once.
-GROUP_ROWS = 122_880
-GROUP_BYTES = 16 << 20
-
-
-class DatasetError(OSError):
-    """The dataset cannot be written. It is no fault of a measurement file."""
-
-
-def _leaf(field: pa.Field) -> str:
-    path, kind = str(field.name), field.type
-    while pa.types.is_fixed_size_list(kind):
-        path, kind = f"{path}.list.element", kind.value_type
-    return path
-
-
-class _Writer:
-    """A Parquet file of one kind and month whose rows stand in the order of time."""
-
-    def __init__(self, place: Path, schema: pa.Schema) -> None:
-        place.parent.mkdir(parents=True, exist_ok=True)
-        self._place = place
-        self._beside = place.with_name(f".{place.name}")
-        # Times that follow each other are small as differences.
-        times = [field.name for field in schema if pa.types.is_timestamp(field.type)]
-        self._writer = pq.ParquetWriter(
-            self._beside,
-            schema,
-            compression="zstd",
-            sorting_columns=[pq.SortingColumn(schema.get_field_index("time"))],
-            use_dictionary=[_leaf(field) for field in schema if field.name not in times],
-            column_encoding=dict.fromkeys(times, "DELTA_BINARY_PACKED"),
-        )
-        self._waiting: list[pa.Table] = []
-        self._bytes = 0
-        self._last: int | None = None
-        self.rows = 0
-
-    def follows(self, first: int) -> bool:
-        """Whether rows from that time on stand behind those that are here."""
-        return self._last is None or first >= self._last
-
-    def add(self, table: pa.Table, last: int) -> None:
-        self._waiting.append(table)
-        self._bytes += table.nbytes
-        self._last = last
-        self.rows += table.num_rows
-        if self._bytes >= GROUP_BYTES or sum(t.num_rows for t in self._waiting) >= GROUP_ROWS:
-            self._flush()
-
-    def _flush(self) -> None:
-        if self._waiting:
-            self._writer.write_table(pa.concat_tables(self._waiting), row_group_size=GROUP_ROWS)
-        self._waiting, self._bytes = [], 0
-
-    def close(self) -> int:
-        self._flush()
-        self._writer.close()
-        self._beside.replace(self._place)
-        return self._place.stat().st_size
 
 
 class _Parts:
     """The Parquet files of a measurement file. At most one a kind is open."""
 
-    def __init__(self, dataset: Path, instrument: str, stem: str) -> None:
+    def __init__(self, dataset: Path, instrument: str) -> None:
         self._dataset = dataset
         self._instrument = instrument
-        self._stem = stem
-        self._open: dict[str, tuple[str, str, _Writer]] = {}
+        self._stem = new_name()
+        self._open: dict[str, tuple[Place, PartWriter]] = {}
         self.done: list[Part] = []
         self._number = 0
 
     def add(self, kind: str, table: pa.Table) -> None:
         """Rows of a kind, in whatever order."""
-        times = table.column("time").combine_chunks()
-        keys = times.cast(pa.int64()).fill_null(np.iinfo(np.int64).min).to_numpy()
+        keys = _layout.keys(table)
         if len(keys) > 1 and (keys[1:] < keys[:-1]).any():
             order = np.argsort(keys, kind="stable")
             table, keys = table.take(order), keys[order]
-        months = _layout.months(table)
-        starts = [0, *(np.flatnonzero(months[1:] != months[:-1]) + 1).tolist(), len(keys)]
-        for start, end in itertools.pairwise(starts):
+        for start, end, month in _layout.months(table):
             piece = table.slice(start, end - start)
-            writer = self._writer(kind, str(months[start]), int(keys[start]), table.schema)
+            writer = self._writer(kind, month, int(keys[start]))
             writer.add(piece, int(keys[end - 1]))
 
-    def _writer(self, kind: str, month: str, first: int, schema: pa.Schema) -> _Writer:
+    def _writer(self, kind: str, month: str, first: int) -> PartWriter:
         if kind in self._open:
-            _, of_month, writer = self._open[kind]
+            (_, _, of_month, _), writer = self._open[kind]
             if of_month == month and writer.follows(first):
                 return writer
             self._close(kind)
-        path = (
-            f"{FOLDER}/kind={kind}/instrument={self._instrument}/month={month}/"
-            f"{self._stem}-{self._number}.parquet"
-        )
+        place = kind, self._instrument, month, f"{self._stem}-{self._number}"
         self._number += 1
-        writer = _Writer(self._dataset / path, schema)
-        self._open[kind] = path, month, writer
+        writer = PartWriter(self._dataset / path_of(place))
+        self._open[kind] = place, writer
         return writer
 
     def _close(self, kind: str) -> None:
-        path, _, writer = self._open.pop(kind)
-        self.done.append(Part(path, kind, writer.rows, writer.close()))
+        place, writer = self._open.pop(kind)
+        self.done.append(Part(*place, writer.rows, writer.close()))
 
     def close(self) -> list[Part]:
         for kind in list(self._open):
@@ -183,8 +114,7 @@ def translate(path: str, name: str, dataset: str, tz: str | None) -> File:
         with MeasurementFile(path, tz) as file:
             file.read([])
             info, status, census = file.info, file.status, file.census
-        stem = f"{time.strftime('%Y%m%d')}-{uuid.uuid4().hex[:16]}"
-        parts = _Parts(Path(dataset), _layout.instrument(info), stem)
+        parts = _Parts(Path(dataset), _layout.instrument(info))
         row.parts = _write(path, name, parts, info, tz)
     except DatasetError:
         raise
