@@ -1,5 +1,8 @@
 """Small Parquet files become larger ones, and nothing of them is lost or doubled."""
 
+import io
+import re
+import sys
 from collections import Counter
 from datetime import datetime, timedelta
 from pathlib import Path
@@ -10,6 +13,7 @@ from conftest import ROOT
 from rows import assert_rows_are_those_of
 
 import qvslm
+from qvslm import __main__ as command
 from qvslm import archive
 from qvslm.archive import Manifest, _merge
 
@@ -125,3 +129,29 @@ def test_more_than_go_into_one(
     before = _files(dataset)
     assert archive.add(nights[:25], dataset, processes=1).merged == 0
     assert _files(dataset) == before
+
+
+class _Terminal(io.StringIO):
+    def isatty(self) -> bool:
+        return True
+
+
+def test_a_terminal_tells_how_far_it_is(
+    nights: list[Path],
+    tmp_path: Path,
+    monkeypatch: pytest.MonkeyPatch,
+    capsys: pytest.CaptureFixture[str],
+) -> None:
+    # Eight nights of April with thirteen kinds of rows.
+    terminal = _Terminal()
+    monkeypatch.setattr(sys, "stderr", terminal)
+    paths = [str(path) for path in nights[:8]]
+    to = ["--to", str(tmp_path / "dataset"), "--processes", "1"]
+    assert command.main(["archive", "add", *paths, *to]) == 0
+    lines = terminal.getvalue().split("\n")
+    assert re.fullmatch(
+        r".*\r8/8 files, \d+\.\d files/s, \d+\.\d MB/s, 0:00:00 left, 0 broken  ", lines[0]
+    )
+    assert lines[1].endswith("\rsmall Parquet files merged: 13/13  ")
+    assert lines[2:] == [""]
+    assert "; 104 small Parquet files merged; " in capsys.readouterr().out

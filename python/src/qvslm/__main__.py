@@ -60,6 +60,7 @@ def _add(options: argparse.Namespace) -> int:
     print(
         f"{report.new} new, {report.changed} changed, {report.gone} gone, "
         f"{report.unchanged} as before; {len(report.broken)} broken; {report.rows} rows written; "
+        f"{report.merged} small Parquet files merged; "
         f"{report.seconds:.1f} s, {files / seconds:.1f} files/s, "
         f"{report.bytes / seconds / 1e6:.1f} MB/s"
     )

@@ -211,33 +211,50 @@ class _Commits:
 # Progress ----------------------------------------------------------------------------------------
 
 
-class _Progress:
-    """A line on a terminal: rate, and time left."""
+class _Line:
+    """A line on a terminal that is written anew from time to time; nothing elsewhere."""
 
-    def __init__(self, plan: _Plan, out: TextIO) -> None:
+    def __init__(self, out: TextIO) -> None:
         self._out = out
-        self._is_on = out.isatty() and bool(plan.todo)
-        self._files = len(plan.todo)
-        self._bytes = sum(item[2] for item in plan.todo)
-        self._begin = self._shown = time.monotonic()
+        self._is_on = out.isatty()
+        self._is_begun = False
+        self._shown = time.monotonic()
 
-    def show(self, files: int, done: int, broken: int) -> None:
+    def show(self, text: str, is_last: bool) -> None:
         now = time.monotonic()
-        if not self._is_on or (now - self._shown < _SHOW_SECONDS and files < self._files):
+        if not self._is_on or (now - self._shown < _SHOW_SECONDS and not is_last):
             return
         self._shown = now
-        spent = max(now - self._begin, 1e-3)
-        left = round(spent * (self._bytes - done) / max(done, 1))
-        self._out.write(
-            f"\r{files}/{self._files} files, {files / spent:.1f} files/s, "
-            f"{done / spent / 1e6:.1f} MB/s, {left // 3600}:{left // 60 % 60:02}:{left % 60:02} "
-            f"left, {broken} broken  "
-        )
+        self._is_begun = True
+        self._out.write(f"\r{text}  ")
         self._out.flush()
 
     def close(self) -> None:
-        if self._is_on:
+        if self._is_begun:
             self._out.write("\n")
+
+
+class _Progress:
+    """How far the files of a plan are: rate, and time left."""
+
+    def __init__(self, plan: _Plan, out: TextIO) -> None:
+        self._line = _Line(out)
+        self._files = len(plan.todo)
+        self._bytes = sum(item[2] for item in plan.todo)
+        self._begin = time.monotonic()
+
+    def show(self, files: int, done: int, broken: int) -> None:
+        spent = max(time.monotonic() - self._begin, 1e-3)
+        left = round(spent * (self._bytes - done) / max(done, 1))
+        self._line.show(
+            f"{files}/{self._files} files, {files / spent:.1f} files/s, "
+            f"{done / spent / 1e6:.1f} MB/s, {left // 3600}:{left // 60 % 60:02}:{left % 60:02} "
+            f"left, {broken} broken",
+            files == self._files,
+        )
+
+    def close(self) -> None:
+        self._line.close()
 
 
 def _load(dataset: Path, tz: str | None) -> Manifest:
@@ -328,10 +345,15 @@ def _merge_small(dataset: Path, manifest: Manifest, processes: int) -> int:
     commits = _Commits(dataset, manifest, processes)
     count = 0
     while jobs := _merge.small(manifest):
-        for merged in _merged(jobs, dataset, processes):
-            manifest.exchange(merged)
-            count += len(merged.old)
-            if commits.are_due():
-                commits.commit()
+        line = _Line(sys.stderr)
+        try:
+            for done, merged in enumerate(_merged(jobs, dataset, processes), 1):
+                manifest.exchange(merged)
+                count += len(merged.old)
+                line.show(f"small Parquet files merged: {done}/{len(jobs)}", done == len(jobs))
+                if commits.are_due():
+                    commits.commit()
+        finally:
+            line.close()
         commits.commit()
     return count
