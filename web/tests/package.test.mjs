@@ -1,6 +1,6 @@
 // The package under Node against `qvslm dump`, member by member.
 import assert from "node:assert/strict";
-import { readFileSync } from "node:fs";
+import { readdirSync, readFileSync } from "node:fs";
 import { test } from "node:test";
 
 import { census, info, MeasurementFileError, read } from "../package/dist/index.js";
@@ -101,4 +101,13 @@ test("info and census of a night", async () => {
   assert.equal(told.whole, true);
   assert.equal(told.census.Intervals, 48);
   assert.equal((await census(night)).LevelMarks, 8);
+});
+
+test("a zone that there is not leaves nothing open", async () => {
+  const open = () => readdirSync("/proc/self/fd").length;
+  const before = open();
+  for (const call of [info, census, collect]) {
+    await assert.rejects(call(samplesFolder + samples[0], { tz: "Europe/Nowhere" }), RangeError);
+  }
+  assert.equal(open(), before);
 });

@@ -8,6 +8,9 @@ import { after, before, test } from "node:test";
 
 import { build } from "vite";
 
+import { Core, goesOn } from "../package/dist/core.js";
+import { openSource } from "../package/dist/source.js";
+import { zoneOf } from "../package/dist/zone.js";
 import { watchMemory } from "./browser_memory.mjs";
 import { csvCells } from "./csv_cells.mjs";
 import { dump, qvslm, root, samples, samplesFolder } from "./native.mjs";
@@ -611,7 +614,11 @@ test("a file of 300 MB in bounded memory, with a page that answers", async () =>
   await panel.locator(".plot canvas").waitFor({ timeout: 60_000 });
   const most = watch.end().all;
   await collectGarbage(page);
-  const kept = watch.now().all;
+  let kept = watch.now().all;
+  for (let i = 0; i < 20 && kept >= 190; ++i) {
+    await page.waitForTimeout(500);
+    kept = watch.now().all;
+  }
   console.log(`# ${most.toFixed(0)} MB at most for a file of 300 MB, ${kept.toFixed(0)} MB kept`);
   assert.ok(most < 400, `${most} MB`);
   assert.ok(kept < 190, `${kept} MB`);
@@ -908,6 +915,96 @@ test("samples in any order, and far apart, stay in bounded room", async () => {
   // As long as there is room, every sample stands for itself.
   const few = seriesOf(LevelSeries, [3, 1, 2].map((time) => ({ time, level: time })), 256).series;
   assert.deepEqual(few.window(0, 9, 10), { times: [1, 2, 3], lows: [1, 2, 3], highs: [1, 2, 3] });
+});
+
+test("a series whose clock was set back keeps the extremes of each time", async () => {
+  const { LevelSeries } = await moduleOf("level_series");
+  // Three runs over the same twenty hours.
+  const samples = Array.from({ length: 60_000 }, (_, i) => ({ time: (i % 20_000) * 3.6, level: 50 }));
+  samples[19_000].level = 99;
+  const at = samples[19_000].time;
+  const { series } = seriesOf(LevelSeries, samples, 256);
+  for (const around of [1, 10, 100, 1000]) {
+    for (const shift of [-0.9, 0, 0.9]) {
+      const { highs } = series.window(at + shift * around - around, at + shift * around + around, 500);
+      assert.equal(Math.max(...highs), 99, `${around} s, ${shift}`);
+    }
+  }
+});
+
+test("places are found again where the library took more memory since the start", async () => {
+  const { Places } = await moduleOf("places");
+  const core = await Core.open(await openSource(samplesFolder + "bands_general.qvd"), zoneOf("UTC"));
+  core.openWalk(true);
+  core.want([]);
+  const places = new Places(core, 512);
+  const before = [0];
+  let seen = 0;
+  while (core.state().end === goesOn) {
+    seen += core.walkOn(places.endOf(places.count - 1));
+    if (core.state().end === goesOn) places.note(core.state().position, () => new Map());
+    while (before.length < places.count) before.push(seen);
+  }
+  assert.ok(places.count > 10);
+  for (let i = 0; i < places.count; ++i) {
+    places.goTo(0);
+    places.goTo(i);
+    let left = 0;
+    while (core.state().end === goesOn) left += core.walkOn();
+    assert.equal(left, seen - before[i]);
+  }
+  core.close();
+});
+
+test("a time that comes twice is filtered from its first to its last", async () => {
+  const { instantOf, zoneOf: zone } = await moduleOf("clock_text");
+  const instants = (typed, name) =>
+    ["first", "last"].map((which) => new Date(instantOf(typed, zone(name), which) * 1000).toISOString().slice(0, 16));
+  const twice = ["2024-10-27T00:30", "2024-10-27T01:30"];
+  assert.deepEqual(instants("2024-10-27T02:30", "Europe/Berlin"), twice);
+  assert.deepEqual(instants("2024-11-03T01:30", "America/New_York"), ["2024-11-03T05:30", "2024-11-03T06:30"]);
+  assert.deepEqual(instants("2024-06-01T12:00", "America/New_York"), ["2024-06-01T16:00", "2024-06-01T16:00"]);
+  assert.deepEqual(instants("2024-06-01T12:00", "UTC"), ["2024-06-01T12:00", "2024-06-01T12:00"]);
+  // It does not come at all.
+  assert.deepEqual(instants("2024-03-31T02:30", "Europe/Berlin"), ["2024-03-31T01:30", "2024-03-31T01:30"]);
+});
+
+test("samples that a file puts beyond all time do not hang the page", async () => {
+  const path = `${folder}/endless.qvd`;
+  const history = readFileSync(samplesFolder + "general_time_history.qvd").toString("latin1");
+  // Each of the lines makes the samples a hundred times or so rarer.
+  writeFileSync(path, history.replace("Q 84,0\r\n", "Q 84,0\r\n" + "Q 84,3\r\n".repeat(12)), "latin1");
+  assert.ok(dump(path).records.some((record) => record.StreamPeriod > 2 ** 32));
+  const { page, context, faults } = await openPage(browser);
+  await choose(page, [path]);
+  const panel = await panelOf(page, "endless.qvd");
+  await panel.locator(".uplot").waitFor();
+  const plot = panel.locator(".plot");
+  assert.ok(Number(await plot.getAttribute("data-to")) < 2 ** 32);
+  await plot.focus();
+  for (let i = 0; i < 30; ++i) await page.keyboard.press(i % 3 === 0 ? "+" : "ArrowRight");
+  assert.ok(Number(await plot.getAttribute("data-to")) < 2 ** 32);
+  assert.deepEqual(faults, []);
+  await context.close();
+});
+
+test("what is asked of a file that is being read anew comes to an end", async () => {
+  const { page, context, faults } = await openPage(browser);
+  await choose(page, [night]);
+  const panel = await panelOf(page, "night_europe.qvd");
+  await panel.locator(".table .body .row").first().waitFor();
+  await page.getByLabel("Time zone").evaluate((choice) => {
+    const download = [...document.querySelectorAll("button")].find((one) => one.textContent === "CSV");
+    choice.value = "Europe/Berlin";
+    choice.dispatchEvent(new Event("change"));
+    download.click();
+  });
+  await panel.getByText("2024-10-26 22:00:00 +02:00").first().waitFor();
+  await page.waitForTimeout(400); // until the work would be shown
+  assert.ok(await panel.locator(".work").isHidden());
+  assert.equal(await page.locator('[role="alert"]').count(), 0);
+  assert.deepEqual(faults, []);
+  await context.close();
 });
 
 test("the page is one file of at most 1.5 MB", () => {

@@ -200,7 +200,7 @@ export class Core {
 
   /** Walks on by a batch, at most so many steps; how many records it went past. */
   walkOn(until = 0x7fffffff, most = 0x7fffffff): number {
-    return this.calls.walk_on(until, most);
+    return this.calls.walk_on(Math.min(until, 0x7fffffff), most);
   }
 
   /** The records of the last batch. */

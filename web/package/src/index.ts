@@ -50,6 +50,12 @@ function endOf(core: Core, state: WalkState): MeasurementFileError | null {
   return new MeasurementFileError(core.why(), state.status, isUnread ? -1 : place);
 }
 
+async function coreOf(source: Source, options: Options): Promise<Core> {
+  // Throws where there is no such zone, before the source is open.
+  const zone = zoneOf(options.tz ?? "UTC");
+  return Core.open(await openSource(source), zone);
+}
+
 /**
  * The records of a file, in its order. Throws a MeasurementFileError behind the last one when the
  * file is not whole.
@@ -60,7 +66,7 @@ export async function* read(
 ): AsyncGenerator<MeasurementRecord, void> {
   const names = options.records;
   const codes = names?.map((name) => recordNamed(name).code);
-  const core = await Core.open(await openSource(source), zoneOf(options.tz ?? "UTC"));
+  const core = await coreOf(source, options);
   try {
     let state = core.openWalk(options.census ?? true);
     core.want(codes ?? allCodes);
@@ -84,7 +90,7 @@ export async function* read(
 
 /** How many records of each kind a file holds. */
 export async function census(source: Source, options: Options = {}): Promise<RecordCensus> {
-  const core = await Core.open(await openSource(source), zoneOf(options.tz ?? "UTC"));
+  const core = await coreOf(source, options);
   try {
     const status = core.count();
     if (status !== 0) {
@@ -204,7 +210,7 @@ export class FileStory {
 
 /** What a file is, what it holds, and whether it is whole. */
 export async function info(source: Source, options: Options = {}): Promise<FileInfo> {
-  const core = await Core.open(await openSource(source), zoneOf(options.tz ?? "UTC"));
+  const core = await coreOf(source, options);
   try {
     const story = new FileStory(core);
     let state = core.openWalk(true);

@@ -11,12 +11,20 @@ export function clockText(seconds: number, zone: Zone): string {
   return zone.name === clockZone ? clock : `${clock} ${text.slice(19)}`;
 }
 
-/** The instant that a typed local time (2024-10-26T22:00) stands for; null for none. */
-export function instantOf(typed: string, zone: Zone): number | null {
+const day = 86400;
+
+/**
+ * The instant that a typed local time (2024-10-26T22:00) stands for; null for none. Where the clock
+ * is set back a time comes twice.
+ */
+export function instantOf(typed: string, zone: Zone, which: "first" | "last"): number | null {
   const clock = Date.parse(typed + "Z") / 1000;
   if (Number.isNaN(clock)) return null;
-  const near = clock - zone.changeAt(clock).offset;
-  return clock - zone.changeAt(near).offset;
+  const near = [clock - day, clock + day].map((time) => clock - zone.changeAt(time).offset);
+  const shown = near.filter((time) => time + zone.changeAt(time).offset === clock);
+  // A time that the clock leaves out is taken as the one before it would have gone on.
+  if (shown.length === 0) return near[0]!;
+  return which === "first" ? Math.min(...shown) : Math.max(...shown);
 }
 
 export { zoneOf, type Zone };

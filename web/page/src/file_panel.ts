@@ -271,8 +271,8 @@ export class FilePanel {
     };
     const update = (): void => void show().catch((error: unknown) => this.fail(error));
     const apply = (): void => {
-      const start = instantOf(from.value, this.zone);
-      const end = instantOf(to.value, this.zone);
+      const start = instantOf(from.value, this.zone, "first");
+      const end = instantOf(to.value, this.zone, "last");
       const isOpen = start === null && end === null;
       filter = isOpen ? null : { from: start ?? -Infinity, to: end ?? Infinity };
       if (filter !== null) filter = { from: Math.max(filter.from, -(2 ** 31)), to: Math.min(filter.to, 2 ** 31) };

@@ -18,6 +18,7 @@ export class FileAsker {
   private readonly worker = new FileWorker();
   private readonly waiting = new Map<number, Waiting>();
   private last = 0;
+  private ended: Error | undefined;
 
   /** onStuck: the worker did not hear a Cancel, and was ended. */
   constructor(private readonly onStuck: () => void) {
@@ -49,12 +50,15 @@ export class FileAsker {
     signal?: AbortSignal,
   ): Promise<Requests[N]["give"]> {
     if (signal?.aborted === true) return Promise.reject(new Cancelled(texts.cancelled));
+    if (this.ended !== undefined) return Promise.reject(this.ended);
     const id = ++this.last;
-    signal?.addEventListener("abort", () => this.cancel(id), { once: true });
-    return new Promise((resolve, reject) => {
+    const onAbort = (): void => this.cancel(id);
+    signal?.addEventListener("abort", onAbort);
+    const answer = new Promise<Requests[N]["give"]>((resolve, reject) => {
       this.waiting.set(id, { resolve, reject, progress });
       this.post({ id, name, ask } as Question);
     });
+    return answer.finally(() => signal?.removeEventListener("abort", onAbort));
   }
 
   private cancel(id: number): void {
@@ -67,13 +71,14 @@ export class FileAsker {
     }, patience);
   }
 
-  /** Stops all that it does. What was read stays. */
+  /** Stops all work that tells how far it is. What was read stays. */
   cancelAll(): void {
-    for (const id of this.waiting.keys()) this.cancel(id);
+    for (const [id, { progress }] of this.waiting) if (progress !== undefined) this.cancel(id);
   }
 
-  /** Ends the worker, whatever it does. */
+  /** Ends the worker, whatever it does, and all that is asked of it later. */
   end(why: Error): void {
+    this.ended = why;
     this.worker.terminate();
     for (const one of this.waiting.values()) one.reject(why);
     this.waiting.clear();

@@ -50,6 +50,7 @@ interface Grip {
   pixel: number; // seconds
 }
 
+const mainButton = 0;
 const middleButton = 1;
 const closest = 20; // pixels between two fingers that are told from one
 
@@ -229,6 +230,7 @@ export class LevelPlot {
   }
 
   private onKey(event: KeyboardEvent): void {
+    if (event.ctrlKey || event.altKey || event.metaKey) return; // the browser's own
     const moves: Record<string, () => void> = {
       ArrowLeft: () => this.pan(-panStep),
       ArrowRight: () => this.pan(panStep),
@@ -247,7 +249,7 @@ export class LevelPlot {
     const plot = this.plot;
     if (plot === undefined) return;
     event.preventDefault();
-    if (event.shiftKey) {
+    if (event.shiftKey || event.deltaY === 0) {
       this.pan(Math.sign(event.deltaY || event.deltaX) * panStep);
       return;
     }
@@ -255,12 +257,14 @@ export class LevelPlot {
     this.zoom(event.deltaY < 0 ? zoomStep : 1 / zoomStep, plot.posToVal(event.clientX - left, "x"));
   }
 
-  // Fingers, the middle button, and any with shift hold the plot: the time under them goes along.
+  // Fingers, the middle button, and the main one with shift hold the plot: the time under them goes along.
   // What is captured here, uPlot does not take for a selection.
   private onHold(event: PointerEvent): void {
     const plot = this.plot;
     const isMoving =
-      event.pointerType === "touch" || event.button === middleButton || event.shiftKey;
+      event.pointerType === "touch" ||
+      event.button === middleButton ||
+      (event.shiftKey && event.button === mainButton);
     if (plot === undefined || !isMoving || !plot.over.contains(event.target as Node)) return;
     this.held.set(event.pointerId, { x: event.clientX, y: event.clientY });
     this.root.setPointerCapture(event.pointerId);
@@ -307,14 +311,14 @@ export class LevelPlot {
 
   // Asks for what is in view, with as much again on both sides; one question at a time.
   private refresh(): void {
+    const { from, to } = this.view();
+    this.root.dataset["from"] = String(from);
+    this.root.dataset["to"] = String(to);
     if (this.isAsking) {
       this.isStale = true;
       return;
     }
-    const { from, to } = this.view();
     const side = to - from;
-    this.root.dataset["from"] = String(from);
-    this.root.dataset["to"] = String(to);
     this.isAsking = true;
     this.isStale = false;
     this.askWindow(from - side, to + side, 3 * this.points())

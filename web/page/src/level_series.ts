@@ -34,6 +34,8 @@ export class LevelSeries {
   private inLast = 0; // samples of the last bucket
   private latest = -Infinity;
   private details: Extremes[] = [];
+  // The latest time of the buckets up to each one, where a bucket begins before others end.
+  private reached: Float64Array | undefined;
   /** Samples that a bucket may hold. */
   width = 1;
 
@@ -163,18 +165,38 @@ export class LevelSeries {
       this.details.push(next);
       below = next;
     }
-    let to = this.count > 0 ? -Infinity : 0;
-    for (let i = 0; i < this.count; ++i) to = Math.max(to, this.firsts[i]! + this.lengths[i]!);
-    return { samples: this.samples, from: this.count > 0 ? this.firsts[0]! : 0, to };
+    let to = -Infinity;
+    let overlap = false;
+    for (let i = 0; i < this.count; ++i) {
+      overlap ||= this.firsts[i]! < to;
+      to = Math.max(to, this.endOf(i));
+    }
+    this.reached = overlap ? this.reaches() : undefined;
+    const isEmpty = this.count === 0;
+    return { samples: this.samples, from: isEmpty ? 0 : this.firsts[0]!, to: isEmpty ? 0 : to };
   }
 
-  // The first bucket that begins at or behind a time.
-  private indexAt(time: number): number {
+  private endOf(bucket: number): number {
+    return this.firsts[bucket]! + this.lengths[bucket]!;
+  }
+
+  private reaches(): Float64Array {
+    const reached = new Float64Array(this.count);
+    let to = -Infinity;
+    for (let i = 0; i < this.count; ++i) {
+      to = Math.max(to, this.endOf(i));
+      reached[i] = to;
+    }
+    return reached;
+  }
+
+  // The first bucket whose time among these is at or behind a time.
+  private indexAt(time: number, times = this.firsts): number {
     let low = 0;
     let high = this.count;
     while (low < high) {
       const middle = (low + high) >> 1;
-      if (this.firsts[middle]! < time) low = middle + 1;
+      if (times[middle]! < time) low = middle + 1;
       else high = middle;
     }
     return low;
@@ -195,14 +217,15 @@ export class LevelSeries {
   reach(from: number, to: number): [number, number] {
     const [first, end] = this.between(from, to);
     if (first === end) return [from, to];
-    const last = this.firsts[end - 1]! + this.lengths[end - 1]!;
     // Lengths are rounded.
-    return [Math.min(from, this.firsts[first]!), Math.max(to, last + 1)];
+    return [Math.min(from, this.firsts[first]!), Math.max(to, this.endOf(end - 1) + 1)];
   }
 
   /** What lies between two times, with a point before and behind it, by at most so many points. */
   window(from: number, to: number, mostPoints: number): SeriesPoints {
-    const [first, end] = this.between(from, to);
+    const [before, end] = this.between(from, to);
+    // Where a clock was set back, buckets that begin earlier reach into the window too.
+    const first = this.reached === undefined ? before : Math.min(before, this.indexAt(from, this.reached));
     let width = 1;
     let level = 0;
     while (level + 1 < this.details.length && (end - first) / (width * step) >= mostPoints) {

@@ -91,7 +91,8 @@ export class Places {
   /** Makes the library stand at a place once more. */
   goTo(place: number): void {
     const { blocks, bytes } = this.all[place]!;
-    const memory = this.core.memory(blockSize);
+    // Where the library stands now it may use less of its memory than at the place.
+    const memory = new Uint8Array(this.core.view().buffer);
     memory.set(this.first);
     blocks.forEach((block, i) => {
       memory.set(bytes.subarray(i * blockSize, (i + 1) * blockSize), block * blockSize);

@@ -248,6 +248,7 @@ export class RecordTable {
   }
 
   private onKey(event: KeyboardEvent): void {
+    if (event.ctrlKey || event.altKey || event.metaKey) return; // the browser's own
     const page = Math.max(1, this.rowsInView() - 1);
     const steps: Record<string, number> = {
       ArrowDown: 1,

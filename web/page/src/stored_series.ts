@@ -8,6 +8,7 @@ const mostInPart = 1 << 18; // buckets
 const mostRead = 64_000_000; // bytes of the file for a part
 const f32 = 4;
 const noLevel = 999;
+const farthest = 2 ** 32; // seconds; what a file says of its samples' spacing may lead anywhere
 
 // The samples of one record after the other.
 class SampleReader {
@@ -50,13 +51,17 @@ class SampleReader {
     const spacing = view.getFloat32(at + period, true);
     const entries = Math.min(this.room, view.getUint16(at + count, true));
     let samples = 0;
+    let taken = 0;
     for (let i = 0; i < entries; ++i) {
       // An entry that is not above 0 is a marker.
       if (!(view.getFloat32(at + first + f32 * i, true) > 0)) continue;
-      this.put(samples, start + spacing * samples, view.getFloat32(at + value + f32 * i, true));
+      const sampleTime = start + spacing * samples;
       ++samples;
+      if (!(Math.abs(sampleTime) < farthest)) continue;
+      this.put(taken, sampleTime, view.getFloat32(at + value + f32 * i, true));
+      ++taken;
     }
-    return samples;
+    return taken;
   }
 
   private readOne(view: DataView, at: number): number {
