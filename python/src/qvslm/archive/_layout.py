@@ -168,34 +168,25 @@ def _samples_table(
 class Samples:
     """The series of the time history, made a batch of records at a time.
 
-    A record tells its time in whole seconds; parts of a second come from the records before it. So
-    the records since the last one that begins with a whole second are kept for the next batch.
+    A record tells its time in whole seconds; parts of a second come from where the one before it
+    ended.
     """
 
     def __init__(self, path: str, tz: str | None) -> None:
         self._path = path
         self._tz = tz
-        self._tail = np.empty(0, record_type("TimeHistory").dtype)
+        self._end = np.nan
 
     def table(self, rows: Rows, first: int) -> pa.Table:
         """The samples of the records, which go on where those before ended.
 
         ``first`` is the number of the first of them in the file.
         """
-        known = len(self._tail)
-        # As bytes: of records NumPy would leave out what stands between the fields.
-        pieces = [np.ascontiguousarray(piece).view(np.uint8) for piece in (self._tail, rows)]
-        rows = np.concatenate(pieces).view(rows.dtype)
-        series = _core.series(rows.view(np.uint8)).view(SAMPLE)
-        counts = np.minimum(rows["EntryCount"].astype(np.int64), _ENTRIES)
-        begins = np.concatenate([[0], np.cumsum(counts)])
-        begin = series["time"][np.minimum(begins[:-1], max(len(series) - 1, 0))].view(np.int64)
-        whole = begin == rows["RecordTime"].astype(np.int64) * 1_000_000
-        anchors = np.flatnonzero((counts > 0) & whole)
-        self._tail = rows[anchors[-1] if len(anchors) else 0 :].copy()
-        numbers = np.arange(first, first + len(rows) - known, dtype=np.int32)
+        entries, self._end = _core.series(np.ascontiguousarray(rows).view(np.uint8), self._end)
+        counts = np.minimum(rows["EntryCount"], _ENTRIES)
+        numbers = np.arange(first, first + len(rows), dtype=np.int32)
         return _samples_table(
-            series[begins[known] :], np.repeat(numbers, counts[known:]), self._path, self._tz
+            entries.view(SAMPLE), np.repeat(numbers, counts), self._path, self._tz
         )
 
 
