@@ -1,5 +1,6 @@
 """Files become a dataset, once, whatever happens."""
 
+import errno
 import itertools
 import os
 import random
@@ -124,6 +125,35 @@ def test_a_folder_that_cannot_be_written_is_no_fault_of_a_file(
     monkeypatch.setattr(_translate._Parts, "add", fail)
     with pytest.raises(DatasetError, match="no room"):
         _translate.translate(str(files[0]), "a", str(tmp_path / "dataset"), None)
+
+
+def test_an_error_while_reading_is_tried_again(
+    files: list[Path], tmp_path: Path, monkeypatch: pytest.MonkeyPatch
+) -> None:
+    def fail(*_: object) -> None:
+        raise OSError(errno.EIO, "Input/output error")
+
+    dataset = tmp_path / "dataset"
+    dataset.mkdir()
+    name = str(files[0])
+    with monkeypatch.context() as patch:
+        patch.setattr(_layout, "tables", fail)
+        manifest = Manifest()
+        manifest.put(_translate.translate(name, name, str(dataset), None))
+    assert manifest.files[name].status == "unreadable"
+    manifest.commit(dataset)
+    report = archive.add(files[:1], dataset, processes=1)
+    assert (report.new, report.changed, report.unchanged) == (0, 1, 0)
+    assert_rows_are_those_of(dataset, files[:1])
+
+
+def test_a_name_of_any_bytes_costs_no_other_file(files: list[Path], tmp_path: Path) -> None:
+    Path(os.fsdecode(os.fsencode(files[0].parent) + b"/n\xff.txt")).write_text("no measurement")
+    report = archive.add(files[0].parent, tmp_path / "dataset", processes=1)
+    (unreadable,) = [file for file in report.broken if file.status == "unreadable"]
+    assert unreadable.path == f"{files[0].parent}/n\\xff.txt"
+    assert "n\\xff.txt" in unreadable.reason
+    assert_rows_are_those_of(tmp_path / "dataset", files[0].parent.glob("*.qvd"))
 
 
 def _die(path: str, name: str, dataset: str, tz: str | None) -> archive.File:

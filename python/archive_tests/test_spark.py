@@ -13,6 +13,7 @@ import duckdb
 import numpy as np
 import polars as pl
 import pytest
+from conftest import ROOT
 from pyspark.errors import PySparkException
 from pyspark.sql import DataFrame, SparkSession
 
@@ -101,6 +102,21 @@ def test_broken_files(spark: SparkSession, files: list[Path], tmp_path: Path) ->
     assert all(row.reason for row in rows)
     with pytest.raises(PySparkException, match=r"notes\.txt|\.qvd"):
         load(spark, tmp_path / "files", columns="time", strict="true").collect()
+
+
+def test_a_broken_file_with_a_name_of_any_bytes(tmp_path: Path) -> None:
+    Path(os.fsdecode(os.fsencode(tmp_path) + b"/n\xff.txt")).write_text("no measurement")
+    cut = (ROOT / "samples" / "files" / "general_day.qvd").read_bytes()[:-1000]
+    (tmp_path / "cut.qvd").write_bytes(cut)
+    options = {"path": str(tmp_path), "records": "broken"}
+    reader = source._Reader(options, ["file", "status", "reason"])
+    batches = [batch for part in reader.partitions() for batch in reader.read(part)]
+    rows = sorted(tuple(row.values()) for batch in batches for row in batch.to_pylist())
+    assert [row[:2] for row in rows] == [
+        (str(tmp_path / "cut.qvd"), "broken"),
+        (f"{tmp_path}/n\\xff.txt", "unreadable"),
+    ]
+    assert "n\\xff.txt" in rows[1][2]
 
 
 def test_partitions() -> None:

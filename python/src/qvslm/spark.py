@@ -196,7 +196,7 @@ class _Reader(DataSourceReader):
                     raise
                 if self._kind == BROKEN:
                     offset = fault.offset if isinstance(fault, Error) else None
-                    yield from self._told(path, "unreadable", offset, str(fault))
+                    yield from self._told(path, "unreadable", offset, shown(str(fault)))
 
     def _told(
         self, path: str, status: str, offset: int | None, reason: str
