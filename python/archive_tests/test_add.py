@@ -172,6 +172,19 @@ def test_a_worker_that_dies_costs_its_file_alone(
     assert dead.path == str(files[13])
 
 
+def _die_without_file(path: str, *_: object) -> archive.File:
+    Path(path).unlink(missing_ok=True)
+    os._exit(9)
+
+
+def test_a_file_that_went_with_its_worker(
+    files: list[Path], tmp_path: Path, monkeypatch: pytest.MonkeyPatch
+) -> None:
+    monkeypatch.setattr(_add, "translate", _die_without_file)
+    (dead,) = archive.add(files[:1], tmp_path / "dataset", processes=1).broken
+    assert (dead.path, dead.size, dead.status) == (str(files[0]), 0, "unreadable")
+
+
 def test_one_run_at_a_time(files: list[Path], tmp_path: Path) -> None:
     from qvslm.archive import _manifest
 

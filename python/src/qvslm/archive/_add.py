@@ -1,5 +1,6 @@
 """Adds measurement files to a dataset: what is new, changed and gone, on all cores."""
 
+import contextlib
 import itertools
 import multiprocessing
 import os
@@ -134,15 +135,12 @@ def _alone(path: str, name: str, dataset: str, tz: str | None) -> File:
         try:
             return pool.submit(translate, path, name, dataset, tz).result()
         except BrokenProcessPool:
-            facts = Path(path).stat()
-            return File(
-                name,
-                facts.st_size,
-                facts.st_mtime_ns,
-                "",
-                UNREADABLE,
-                "the process that translated the file died",
-            )
+            row = File(name, 0, 0, "", UNREADABLE, "the process that translated the file died")
+            # It may be gone by now.
+            with contextlib.suppress(OSError):
+                facts = Path(path).stat()
+                row.size, row.modified = facts.st_size, facts.st_mtime_ns
+            return row
 
 
 def _translated(
