@@ -1,13 +1,14 @@
 """Where files are found, and which of them are gone."""
 
 import os
+from collections.abc import Callable, Iterator
 from pathlib import Path
 
 import pytest
 from conftest import SAMPLES
 
 from qvslm import archive
-from qvslm.archive import Manifest, _manifest
+from qvslm.archive import Manifest, _add, _manifest
 
 CONTENT = next(path for path in SAMPLES if path.stem == "model431_short").read_bytes()
 
@@ -26,6 +27,10 @@ def _add_one(sources: Path | list[Path], dataset: Path, pattern: str = "*") -> t
     """How many files are new, changed, gone and as before."""
     report = archive.add(sources, dataset, pattern=pattern, processes=1)
     return report.new, report.changed, report.gone, report.unchanged
+
+
+def _names(dataset: Path, folder: Path) -> list[str]:
+    return [os.path.relpath(path, folder) for path in sorted(Manifest.load(dataset).files)]
 
 
 def test_what_no_run_wrote_stays(folder: Path, tmp_path: Path) -> None:
@@ -55,3 +60,84 @@ def test_what_goes_while_it_is_swept(folder: Path, tmp_path: Path) -> None:
     with pytest.MonkeyPatch.context() as patch:
         patch.setattr(os, "walk", lambda *_, **__: iter(walked))
         _manifest.sweep(dataset, Manifest.load(dataset))
+
+
+@pytest.mark.parametrize("source", ["dataset", "dataset/records", "link", "link/records"])
+def test_a_dataset_is_no_source(tmp_path: Path, source: str) -> None:
+    own = tmp_path / "dataset" / "records" / "a.qvd"
+    own.parent.mkdir(parents=True)
+    own.write_bytes(CONTENT)
+    (tmp_path / "link").symlink_to("dataset")
+    with pytest.raises(ValueError, match="stands in the dataset"):
+        _add_one(tmp_path / source, tmp_path / "dataset")
+    assert list((tmp_path / "dataset").iterdir()) == [own.parent]
+
+
+def test_a_dataset_below_its_source_by_a_link(folder: Path, tmp_path: Path) -> None:
+    (tmp_path / "link").symlink_to("files")
+    assert _add_one(tmp_path / "link", folder / "dataset") == (2, 0, 0, 0)
+    assert _add_one(tmp_path / "link", folder / "dataset") == (0, 0, 0, 2)
+
+
+def test_a_folder_that_cannot_be_listed(
+    folder: Path, tmp_path: Path, monkeypatch: pytest.MonkeyPatch
+) -> None:
+    dataset = tmp_path / "dataset"
+    _add_one(folder, dataset)
+    scandir: Callable[..., object] = os.scandir
+
+    def fail(path: str | os.PathLike[str] = ".") -> object:
+        if Path(path).name == "below":
+            raise PermissionError(13, "Permission denied", str(path))
+        return scandir(path)
+
+    with monkeypatch.context() as patch:
+        patch.setattr(os, "scandir", fail)
+        with pytest.raises(PermissionError, match="below"):
+            _add_one(folder, dataset)
+    assert _names(dataset, folder) == ["a.qvd", "below/b.qvd"]
+
+
+def test_a_file_that_is_named_itself(folder: Path, tmp_path: Path) -> None:
+    dataset = tmp_path / "dataset"
+    named = folder / "c.bin"
+    named.write_bytes(CONTENT)
+    assert _add_one([folder, named], dataset, "*.qvd") == (3, 0, 0, 0)
+    assert _add_one([folder, named], dataset, "*.qvd") == (0, 0, 0, 3)
+    assert _names(dataset, folder) == ["a.qvd", "below/b.qvd", "c.bin"]
+    # What the pattern leaves out counts as gone, and a file that two sources hold counts once.
+    assert _add_one([folder, folder / "below"], dataset, "*.qvd") == (0, 0, 1, 2)
+
+
+def test_a_file_that_goes_after_it_was_listed(
+    folder: Path, tmp_path: Path, monkeypatch: pytest.MonkeyPatch
+) -> None:
+    dataset = tmp_path / "dataset"
+    _add_one(folder / "a.qvd", dataset)
+    found = _add._found
+
+    def gone(*arguments: object) -> Iterator[Path]:
+        paths = list(found(*arguments))  # type: ignore[arg-type]
+        (folder / "a.qvd").unlink()
+        (folder / "passing").unlink()
+        return iter(paths)
+
+    (folder / "passing").write_bytes(CONTENT)
+    monkeypatch.setattr(_add, "_found", gone)
+    assert _add_one(folder, dataset) == (1, 0, 1, 0)
+    assert _names(dataset, folder) == ["below/b.qvd"]
+
+
+def test_a_touched_file_that_cannot_be_read(
+    folder: Path, tmp_path: Path, monkeypatch: pytest.MonkeyPatch
+) -> None:
+    def fail(path: str) -> str:
+        raise PermissionError(13, "Permission denied", path)
+
+    dataset = tmp_path / "dataset"
+    _add_one(folder, dataset)
+    os.utime(folder / "a.qvd", (1, 1))
+    (folder / "c.qvd").write_bytes(CONTENT)
+    monkeypatch.setattr(_add, "fingerprint", fail)
+    # It is translated, and that tells what became of it.
+    assert _add_one(folder, dataset) == (1, 1, 0, 1)
