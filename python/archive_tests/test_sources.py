@@ -79,6 +79,19 @@ def test_a_dataset_below_its_source_by_a_link(folder: Path, tmp_path: Path) -> N
     assert _add_one(tmp_path / "link", folder / "dataset") == (0, 0, 0, 2)
 
 
+@pytest.mark.parametrize("part", ["month=2020-01", "instrument=486-2071", "Kind=Interval"])
+def test_a_dataset_where_its_columns_would_be_others(
+    folder: Path, tmp_path: Path, part: str
+) -> None:
+    with pytest.raises(ValueError, match=part):
+        _add_one(folder, tmp_path / part / "dataset")
+    assert not (tmp_path / part).exists()
+    _add_one(folder, tmp_path / "year=2020")
+    (tmp_path / "year=2020").rename(tmp_path / part)
+    with pytest.raises(ValueError, match=part):
+        archive.open(tmp_path / part)
+
+
 def test_a_folder_that_cannot_be_listed(
     folder: Path, tmp_path: Path, monkeypatch: pytest.MonkeyPatch
 ) -> None:
