@@ -79,7 +79,7 @@ def test_a_dataset_below_its_source_by_a_link(folder: Path, tmp_path: Path) -> N
     assert _add_one(tmp_path / "link", folder / "dataset") == (0, 0, 0, 2)
 
 
-@pytest.mark.parametrize("part", ["month=2020-01", "instrument=486-2071", "Kind=Interval"])
+@pytest.mark.parametrize("part", ["month=2020-01", "Kind=Interval", "time=3", "model=486"])
 def test_a_dataset_where_its_columns_would_be_others(
     folder: Path, tmp_path: Path, part: str
 ) -> None:

@@ -15,8 +15,8 @@ from pathlib import Path
 from typing import TextIO
 
 from .. import _zones
-from . import _manifest, _merge
-from ._dataset_files import UNREADABLE, WHOLE, File, Merged, check_place
+from . import _layout, _manifest, _merge
+from ._dataset_files import UNREADABLE, WHOLE, File, Merged
 from ._errors import DatasetError
 from ._manifest import Manifest
 from ._translate import fingerprint, shown, translate
@@ -322,7 +322,7 @@ def add(
     listed = [sources] if isinstance(sources, (str, os.PathLike)) else list(sources)
     dataset = Path(os.path.abspath(to))  # noqa: PTH100
     roots = _roots(listed, dataset)
-    check_place(dataset)
+    _layout.check_place(dataset)
     report = Report()
     begin = time.monotonic()
     with _manifest.locked(dataset):

@@ -7,7 +7,6 @@ import itertools
 from collections.abc import Iterator
 from dataclasses import dataclass, field
 from datetime import datetime
-from pathlib import Path
 from typing import Any, NamedTuple
 
 import numpy as np
@@ -60,17 +59,6 @@ def path_of(place: Place) -> str:
     """The path of a Parquet file in its dataset."""
     kind, instrument, month, name = place
     return f"{FOLDER}/kind={kind}/instrument={instrument}/month={month}/{name}.parquet"
-
-
-def check_place(dataset: Path) -> None:
-    """Raises ``ValueError`` below a folder that engines would take for a column of the rows.
-
-    They read ``month=2024-06`` in a path, wherever in it that stands.
-    """
-    for part in dataset.parts:
-        name, equals, _ = part.partition("=")
-        if equals and name.lower() in ("kind", "instrument", "month", "file", "time"):
-            raise ValueError(f"{dataset}: {part} would be taken for the {name} of the rows")
 
 
 class Part(NamedTuple):

@@ -6,6 +6,7 @@ import re
 from collections import Counter
 from collections.abc import Collection, Iterator
 from datetime import UTC
+from pathlib import Path
 
 import numpy as np
 import pyarrow as pa
@@ -15,7 +16,7 @@ from numpy.typing import NDArray
 from .. import _core, _frames
 from .._file import Info, MeasurementFile, Rows
 from .._measurement import SAMPLE
-from .._records import RecordType, record_type
+from .._records import RECORD_TYPES, RecordType, record_type
 
 SAMPLES = "Samples"
 """The kind of the rows of the time history, a row a sample or marker."""
@@ -195,6 +196,23 @@ def schema(kind: str, tz: str | None) -> pa.Schema:
     if kind == SAMPLES:
         return _samples_table(np.empty(0, SAMPLE), np.empty(0, np.int32), "", tz).schema
     return records_table(kind, np.empty(0, record_type(kind).dtype), "", _NOBODY, tz).schema
+
+
+def check_place(dataset: Path) -> None:
+    """Raises ``ValueError`` below a folder that engines would take for a column of the rows.
+
+    They read ``month=2024-06`` in a path wherever in it that stands, in place of the rows' own.
+    """
+    named = {part.partition("=")[0].lower(): part for part in dataset.parts if "=" in part}
+    if not named:
+        return
+    columns = {"kind", "instrument", "month"}
+    for kind in [*RECORD_TYPES, SAMPLES]:
+        columns.update(name.lower() for name in schema(kind, None).names)
+    taken = sorted(columns & named.keys())
+    if taken:
+        told = f"engines would take {named[taken[0]]} for the column of that name"
+        raise ValueError(f"{dataset}: {told}")
 
 
 def tables(

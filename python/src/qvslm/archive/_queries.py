@@ -9,7 +9,7 @@ import pyarrow as pa
 
 from .._records import RECORD_TYPES
 from . import _layout
-from ._dataset_files import check_place, path_of
+from ._dataset_files import path_of
 from ._manifest import NAME, zone_of
 
 if TYPE_CHECKING:
@@ -60,7 +60,7 @@ def open(dataset: str | os.PathLike[str]) -> "duckdb.DuckDBPyConnection":
     import duckdb
 
     folder = Path(dataset).absolute()
-    check_place(folder)
+    _layout.check_place(folder)
     tz = zone_of(folder)
     connection = duckdb.connect()
     if tz is not None:
