@@ -89,18 +89,14 @@ def assert_rows_are_those_of(
             table = found.pop((str(path), kind))
             assert table.num_rows == own.num_rows, (path, kind)
             times = table.column("time")
-            record = own.append_column("time", own.column(0))
+            told = pa.chunked_array([pa.nulls(own.num_rows, pa.timestamp("s", tz))])
             for name in ("RecordTime", "BlockTime", "StopTime"):
                 if name in own.schema.names:
-                    record = own.append_column("time", own.column(name))
+                    told = own.column(name)
                     break
-            if record.column("time").type == pa.timestamp("s", tz):
-                start = measurement.info.start
-                filled = record.column("time").fill_null(
-                    pa.scalar(start, record.column("time").type)
-                )
-                record = in_order(record.set_column(record.num_columns - 1, "time", filled))
-                assert times.equals(record.column("time").cast(times.type)), (path, kind)
+            start = pa.scalar(measurement.info.start, told.type)
+            record = in_order(own.append_column("time", told.fill_null(start)))
+            assert times.equals(record.column("time").cast(times.type)), (path, kind)
             for name in own.schema.names:
                 if kind == "TimeHistory" and pa.types.is_fixed_size_list(own.field(name).type):
                     assert name not in table.column_names

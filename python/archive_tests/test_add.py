@@ -1,5 +1,6 @@
 """Files become a dataset, once, whatever happens."""
 
+import errno
 import itertools
 import os
 import random
@@ -126,6 +127,35 @@ def test_a_folder_that_cannot_be_written_is_no_fault_of_a_file(
         _translate.translate(str(files[0]), "a", str(tmp_path / "dataset"), None)
 
 
+def test_an_error_while_reading_is_tried_again(
+    files: list[Path], tmp_path: Path, monkeypatch: pytest.MonkeyPatch
+) -> None:
+    def fail(*_: object) -> None:
+        raise OSError(errno.EIO, "Input/output error")
+
+    dataset = tmp_path / "dataset"
+    dataset.mkdir()
+    name = str(files[0])
+    with monkeypatch.context() as patch:
+        patch.setattr(_layout, "tables", fail)
+        manifest = Manifest()
+        manifest.put(_translate.translate(name, name, str(dataset), None))
+    assert manifest.files[name].status == "unreadable"
+    manifest.commit(dataset)
+    report = archive.add(files[:1], dataset, processes=1)
+    assert (report.new, report.changed, report.unchanged) == (0, 1, 0)
+    assert_rows_are_those_of(dataset, files[:1])
+
+
+def test_a_name_of_any_bytes_costs_no_other_file(files: list[Path], tmp_path: Path) -> None:
+    Path(os.fsdecode(os.fsencode(files[0].parent) + b"/n\xff.txt")).write_text("no measurement")
+    report = archive.add(files[0].parent, tmp_path / "dataset", processes=1)
+    (unreadable,) = [file for file in report.broken if file.status == "unreadable"]
+    assert unreadable.path == f"{files[0].parent}/n\\xff.txt"
+    assert "n\\xff.txt" in unreadable.reason
+    assert_rows_are_those_of(tmp_path / "dataset", files[0].parent.glob("*.qvd"))
+
+
 def _die(path: str, name: str, dataset: str, tz: str | None) -> archive.File:
     if "13_" in path:
         os._exit(9)
@@ -140,6 +170,19 @@ def test_a_worker_that_dies_costs_its_file_alone(
     assert report.new == 6
     (dead,) = [file for file in report.broken if "died" in file.reason]
     assert dead.path == str(files[13])
+
+
+def _die_without_file(path: str, *_: object) -> archive.File:
+    Path(path).unlink(missing_ok=True)
+    os._exit(9)
+
+
+def test_a_file_that_went_with_its_worker(
+    files: list[Path], tmp_path: Path, monkeypatch: pytest.MonkeyPatch
+) -> None:
+    monkeypatch.setattr(_add, "translate", _die_without_file)
+    (dead,) = archive.add(files[:1], tmp_path / "dataset", processes=1).broken
+    assert (dead.path, dead.size, dead.status) == (str(files[0]), 0, "unreadable")
 
 
 def test_one_run_at_a_time(files: list[Path], tmp_path: Path) -> None:

@@ -8,6 +8,8 @@ from datetime import datetime, timedelta
 from pathlib import Path
 
 import duckdb
+import pyarrow as pa
+import pyarrow.parquet as pq
 import pytest
 from conftest import ROOT
 from rows import assert_rows_are_those_of
@@ -16,6 +18,7 @@ import qvslm
 from qvslm import __main__ as command
 from qvslm import archive
 from qvslm.archive import Manifest, _merge
+from qvslm.archive._dataset_files import path_of
 
 NIGHTS = 60
 FIRST = datetime(2024, 4, 1, 12)
@@ -129,6 +132,24 @@ def test_more_than_go_into_one(
     before = _files(dataset)
     assert archive.add(nights[:25], dataset, processes=1).merged == 0
     assert _files(dataset) == before
+
+
+def test_rows_of_one_time_stay_in_the_order_of_the_files(
+    tmp_path: Path, monkeypatch: pytest.MonkeyPatch
+) -> None:
+    monkeypatch.setattr(_merge, "_BATCH_ROWS", 16)
+    places = [("Interval", "486-2071", "2024-06", name) for name in "abc"]
+    second = pa.array([0] * 40 + [1] * 40, pa.int64())
+    for place in places:
+        path = tmp_path / path_of(place)
+        path.parent.mkdir(parents=True, exist_ok=True)
+        names, numbers = pa.array([place[3]] * 80), pa.array(range(80))
+        columns = {"file": names, "time": second.cast(pa.timestamp("ms")), "number": numbers}
+        pq.write_table(pa.table(columns), path)
+    merged = _merge.merge(str(tmp_path), _merge.Job(list(places)))
+    table = pq.read_table(tmp_path / path_of(merged.new), partitioning=None)
+    assert table.column("file").to_pylist() == [*("a" * 40 + "b" * 40 + "c" * 40)] * 2
+    assert table.column("number").to_pylist() == [*range(40)] * 3 + [*range(40, 80)] * 3
 
 
 class _Terminal(io.StringIO):

@@ -3,7 +3,9 @@
 from collections import defaultdict
 from pathlib import Path
 
+import duckdb
 import numpy as np
+import pyarrow as pa
 import pytest
 from numpy.typing import NDArray
 
@@ -66,6 +68,27 @@ def test_loudest_events(kept_files: list[Path], kept_dataset: Path) -> None:
     with archive.open(kept_dataset) as connection:
         answer = archive.loudest_events(connection, "Level", 12).fetchall()
     assert [row[2] for row in answer] == sorted(levels, reverse=True)[:12]
+
+
+def test_nan_is_no_level() -> None:
+    nan = np.float32(np.nan)
+    levels = np.array([60, nan, 50, 999, nan, 40], np.float32)
+    rows = pa.table(
+        {
+            "instrument": pa.array(["486-2071"] * 6),
+            "time": pa.array(np.arange(6) * 60, pa.timestamp("s")),
+            "file": pa.array(["a"] * 6),
+            "Level": pa.array(levels, mask=levels == 999),
+        }
+    )
+    with duckdb.connect() as connection:
+        connection.register("Rows", rows)
+        (means,) = archive.energy_means(connection, "Level", records="Rows").fetchall()
+        loudest = archive.loudest_events(connection, "Level", 9, "Rows").fetchall()
+    there = np.array([60.0, 50.0, 40.0])
+    mean = 10 * np.log10(np.mean(10 ** (there / 10)))
+    assert means[2:] == pytest.approx((3, mean, *np.percentile(there, (90, 50, 10))))
+    assert [row[2] for row in loudest] == [60, 50, 40]
 
 
 def test_every_kind_has_its_rows(kept_files: list[Path], kept_dataset: Path) -> None:

@@ -1,5 +1,6 @@
 """The data source of Spark gives the rows of ``qvslm.read`` and ``qvslm archive add``."""
 
+import dataclasses
 import os
 import signal
 import subprocess
@@ -13,8 +14,10 @@ import duckdb
 import numpy as np
 import polars as pl
 import pytest
+from conftest import ROOT
 from pyspark.errors import PySparkException
 from pyspark.sql import DataFrame, SparkSession
+from pyspark.sql.datasource import GreaterThanOrEqual
 
 import qvslm
 from qvslm import archive
@@ -101,6 +104,54 @@ def test_broken_files(spark: SparkSession, files: list[Path], tmp_path: Path) ->
     assert all(row.reason for row in rows)
     with pytest.raises(PySparkException, match=r"notes\.txt|\.qvd"):
         load(spark, tmp_path / "files", columns="time", strict="true").collect()
+
+
+def test_a_broken_file_with_a_name_of_any_bytes(tmp_path: Path) -> None:
+    Path(os.fsdecode(os.fsencode(tmp_path) + b"/n\xff.txt")).write_text("no measurement")
+    cut = (ROOT / "samples" / "files" / "general_day.qvd").read_bytes()[:-1000]
+    (tmp_path / "cut.qvd").write_bytes(cut)
+    options = {"path": str(tmp_path), "records": "broken"}
+    reader = source._Reader(options, ["file", "status", "reason"])
+    batches = [batch for part in reader.partitions() for batch in reader.read(part)]
+    rows = sorted(tuple(row.values()) for batch in batches for row in batch.to_pylist())
+    assert [row[:2] for row in rows] == [
+        (str(tmp_path / "cut.qvd"), "broken"),
+        (f"{tmp_path}/n\\xff.txt", "unreadable"),
+    ]
+    assert "n\\xff.txt" in rows[1][2]
+
+
+@pytest.mark.parametrize(
+    ("kind", "is_left_out"),
+    [
+        ("Interval", True),
+        ("TimeHistory", True),
+        ("Samples", False),
+        ("FieldHistory", False),
+        ("BandInterval", False),
+        ("LevelMarkBands", False),
+    ],
+)
+def test_files_are_left_out_by_what_they_tell_of_their_last_record(
+    kind: str, is_left_out: bool
+) -> None:
+    path = ROOT / "samples" / "files" / "general_day.qvd"
+    with qvslm.open(path) as file:
+        info = file.info
+    last, later, latest = (datetime(2024, 6, 22, hour) for hour in (12, 13, 14))
+    reader = source._Reader({"path": str(path), "records": kind}, ["time"])
+    assert not reader._ends_before(dataclasses.replace(info, last_record=last))
+    assert list(reader.pushFilters([GreaterThanOrEqual(("time",), later)])) == []
+    for start, end, expected in (
+        (last, last, is_left_out),
+        (None, last, is_left_out),
+        (last, later, False),
+        # Records without a time have that of the start.
+        (latest, last, False),
+        (None, None, False),
+    ):
+        told = dataclasses.replace(info, start=start, last_record=end)
+        assert reader._ends_before(told) == expected, (start, end)
 
 
 def test_partitions() -> None:

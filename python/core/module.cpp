@@ -158,14 +158,15 @@ nb::dict Columns(std::size_t kind, const ReadBytes& records) {
   return fields;
 }
 
-Bytes Series(const ReadBytes& records) {
+nb::tuple Series(const ReadBytes& records, double wouldGoOn) {
   python::Series series;
   {
     nb::gil_scoped_release const released;
-    series = python::SeriesOf(records.data(), records.size() / sizeof(QvTimeHistory));
+    series = python::SeriesOf(records.data(), records.size() / sizeof(QvTimeHistory), wouldGoOn);
   }
   std::uint8_t* const bytes = series.entries.Bytes();
-  return Owned(std::move(series.entries), bytes, series.count * sizeof(python::SeriesEntry));
+  std::size_t const size = series.count * sizeof(python::SeriesEntry);
+  return nb::make_tuple(Owned(std::move(series.entries), bytes, size), wouldGoOn);
 }
 
 using Change = std::tuple<std::int64_t, std::int32_t, std::int32_t>;
@@ -188,7 +189,7 @@ NB_MODULE(_core, module) {
   module.attr("NO_TEXT_HEADER") = static_cast<int>(QV_NO_TEXT_HEADER);
   module.def("records", Records);
   module.def("columns", Columns, "kind"_a, "records"_a);
-  module.def("series", Series, "records"_a);
+  module.def("series", Series, "records"_a, "would_go_on"_a);
   nb::class_<OpenFile>(module, "OpenFile")
       .def("__init__", Open, "path"_a, "zone"_a)
       .def("decode", Decode, "kinds"_a, "most"_a)

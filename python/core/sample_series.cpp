@@ -42,12 +42,11 @@ double BeginOf(const QvTimeHistory& record, double wouldGoOn) {
 
 }  // namespace
 
-Series SeriesOf(const std::uint8_t* records, std::size_t count) {
+Series SeriesOf(const std::uint8_t* records, std::size_t count, double& wouldGoOn) {
   Series series;
   if (count == 0) return series;
   series.entries.Grow(count * kMostEntries * sizeof(SeriesEntry));
   auto* next = reinterpret_cast<SeriesEntry*>(series.entries.Bytes());
-  double wouldGoOn = kNone;
   QvTimeHistory record;
   for (std::size_t at = 0; at < count; ++at) {
     std::memcpy(&record, records + at * sizeof record, sizeof record);

@@ -23,7 +23,8 @@ struct Series {
   std::size_t count = 0;
 };
 
-// Of records in the order of the file, whose bytes may lie anywhere.
-Series SeriesOf(const std::uint8_t* records, std::size_t count);
+// Of records in the order of the file, whose bytes may lie anywhere. They go on where the records
+// before them ended, at wouldGoOn in seconds, NaN for none; it then tells where these end.
+Series SeriesOf(const std::uint8_t* records, std::size_t count, double& wouldGoOn);
 
 }  // namespace python

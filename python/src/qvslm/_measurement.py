@@ -97,7 +97,7 @@ class Measurement:
         ``mark`` is the code of the event, and ``detail`` its detail.
         """
         rows = np.ascontiguousarray(self["TimeHistory"])
-        return _core.series(rows.view(np.uint8)).view(SAMPLE)
+        return _core.series(rows.view(np.uint8), np.nan)[0].view(SAMPLE)
 
     def _told(self) -> dict[str, Any]:
         return _frames.facts(self.info, self.status, self.tz)

@@ -17,7 +17,8 @@ then the fields of the record. Options:
 * ``partition_bytes``: about so many bytes of files go into a partition. A file is never split.
 
 Comparisons of ``time`` with constants are handed down where ``spark.sql.python.filterPushdown
-.enabled`` is set: files that lie outside are not decoded, and rows outside are not sent.
+.enabled`` is set: rows outside are not sent, and files that end before are not decoded, for
+kinds of records of which a file tells that.
 """
 
 import json
@@ -46,7 +47,7 @@ from pyspark.sql.pandas.types import from_arrow_type
 from pyspark.sql.types import StructField, StructType
 
 from ._errors import Error
-from ._file import MeasurementFile
+from ._file import Info, MeasurementFile
 from .archive import _layout
 from .archive._translate import BATCH, shown
 
@@ -60,6 +61,10 @@ _BROKEN_SCHEMA = pa.schema(
         pa.field("reason", pa.string()),
     ]
 )
+# A file tells the time of its last record, and no record of these kinds is later. Of most others
+# there are few. Bands and tables do not count for it, and samples go on after the time of their
+# record: files are not left out for these.
+_TOLD_OF = ("Interval", "Summary", "DaySummary", "Event", "LevelMark", "TimeHistory")
 _HEADS = [pa.field(name, pa.string()) for name in ("kind", "instrument", "month")]
 
 
@@ -196,13 +201,21 @@ class _Reader(DataSourceReader):
                     raise
                 if self._kind == BROKEN:
                     offset = fault.offset if isinstance(fault, Error) else None
-                    yield from self._told(path, "unreadable", offset, str(fault))
+                    yield from self._told(path, "unreadable", offset, shown(str(fault)))
 
     def _told(
         self, path: str, status: str, offset: int | None, reason: str
     ) -> Iterator[pa.RecordBatch]:
         row = {"file": shown(path), "status": status, "offset": offset, "reason": reason}
         yield from pa.Table.from_pylist([row], _BROKEN_SCHEMA).select(self._columns).to_batches()
+
+    def _ends_before(self, info: Info) -> bool:
+        """Whether no row of a file is late enough, as far as the file tells."""
+        last, start = _microseconds(info.last_record), _microseconds(info.start)
+        if self._kind not in _TOLD_OF or self._span.first is None or last is None:
+            return False
+        # A record without a time has that of the start.
+        return max(last, start or last) < self._span.first
 
     def _read_file(self, path: str) -> Iterator[pa.RecordBatch]:
         with MeasurementFile(path, self._tz, self._is_strict) as file:
@@ -212,8 +225,7 @@ class _Reader(DataSourceReader):
             if not status.whole:
                 yield from self._told(path, BROKEN, status.offset, status.reason)
             return
-        last = _microseconds(info.last_record)
-        if last is not None and self._span.first is not None and last < self._span.first:
+        if self._ends_before(info):
             return
         wanted = _arrow_schema(self._kind, self._tz)
         wanted = pa.schema([wanted.field(name) for name in self._columns])

@@ -1,5 +1,6 @@
 """Adds measurement files to a dataset: what is new, changed and gone, on all cores."""
 
+import contextlib
 import itertools
 import multiprocessing
 import os
@@ -14,7 +15,7 @@ from pathlib import Path
 from typing import TextIO
 
 from .. import _zones
-from . import _manifest, _merge
+from . import _layout, _manifest, _merge
 from ._dataset_files import UNREADABLE, WHOLE, File, Merged
 from ._errors import DatasetError
 from ._manifest import Manifest
@@ -66,21 +67,49 @@ def _found(root: Path, pattern: str, dataset: Path) -> Iterator[Path]:
         return
     if not root.is_dir():
         raise FileNotFoundError(f"{root} is neither a file nor a folder")
-    for path in root.rglob(pattern):
-        if path.is_file() and dataset not in path.parents:
-            yield path
+
+    def stop(fault: OSError) -> None:
+        # What stands in a folder that cannot be listed is not gone; a folder that went is.
+        if not isinstance(fault, FileNotFoundError):
+            raise fault
+
+    real = dataset.resolve()
+    for folder, folders, names in os.walk(root, onerror=stop):
+        if Path(folder).resolve() == real:
+            folders.clear()
+            continue
+        for path in (Path(folder, name) for name in names):
+            if path.relative_to(root).match(pattern) and path.is_file():
+                yield path
+
+
+def _has_same_bytes(path: Path, old: File) -> bool:
+    try:
+        return old.fingerprint == fingerprint(str(path))
+    except OSError:
+        return False
 
 
 def _is_below(name: str, root: str) -> bool:
     return name == root or name.startswith(root.rstrip("/") + "/")
 
 
+def _roots(sources: Iterable[Source], dataset: Path) -> list[Path]:
+    """The sources, a link as it is called. None of them stands in the dataset."""
+    roots = [Path(os.path.abspath(source)) for source in sources]  # noqa: PTH100
+    real = dataset.resolve()
+    for root in roots:
+        if root.resolve().is_relative_to(real):
+            raise ValueError(f"{root} stands in the dataset {dataset}")
+    return roots
+
+
 def _plan(
-    sources: Iterable[Source], pattern: str, dataset: Path, manifest: Manifest, report: Report
+    roots: Iterable[Path], pattern: str, dataset: Path, manifest: Manifest, report: Report
 ) -> _Plan:
     plan = _Plan()
-    for source in sources:
-        root = Path(os.path.abspath(source))  # noqa: PTH100 (a link stays what it is called)
+    there: set[str] = set()
+    for root in roots:
         known = {name for name in manifest.files if _is_below(name, shown(str(root)))}
         paths = {shown(str(path)): path for path in _found(root, pattern, dataset)}
         if known and not paths:
@@ -89,20 +118,28 @@ def _plan(
             )
         plan.gone += sorted(known - paths.keys())
         for name, path in sorted(paths.items()):
-            facts = path.stat()
+            if name in there:
+                continue
+            try:
+                facts = path.stat()
+            except FileNotFoundError:
+                # It went after the folder was listed.
+                plan.gone += [name] if name in known else []
+                continue
+            there.add(name)
             old = manifest.files.get(name)
             if old is None or not old.fingerprint:
                 # Of a file that could not be read there is no fingerprint: it is tried again.
                 plan.todo.append((str(path), name, facts.st_size))
             elif (old.size, old.modified) == (facts.st_size, facts.st_mtime_ns):
                 report.unchanged += 1
-            elif old.size == facts.st_size and old.fingerprint == fingerprint(str(path)):
+            elif old.size == facts.st_size and _has_same_bytes(path, old):
                 plan.touched.append((name, facts.st_size, facts.st_mtime_ns))
                 report.unchanged += 1
             else:
                 plan.todo.append((str(path), name, facts.st_size))
-    plan.todo = sorted(set(plan.todo))
-    plan.gone = sorted(set(plan.gone))
+    # A file may be named itself that is left out of its folder by the pattern.
+    plan.gone = sorted(set(plan.gone) - there)
     return plan
 
 
@@ -134,15 +171,12 @@ def _alone(path: str, name: str, dataset: str, tz: str | None) -> File:
         try:
             return pool.submit(translate, path, name, dataset, tz).result()
         except BrokenProcessPool:
-            facts = Path(path).stat()
-            return File(
-                name,
-                facts.st_size,
-                facts.st_mtime_ns,
-                "",
-                UNREADABLE,
-                "the process that translated the file died",
-            )
+            row = File(name, 0, 0, "", UNREADABLE, "the process that translated the file died")
+            # It may be gone by now.
+            with contextlib.suppress(OSError):
+                facts = Path(path).stat()
+                row.size, row.modified = facts.st_size, facts.st_mtime_ns
+            return row
 
 
 def _translated(
@@ -287,12 +321,14 @@ def add(
     """
     listed = [sources] if isinstance(sources, (str, os.PathLike)) else list(sources)
     dataset = Path(os.path.abspath(to))  # noqa: PTH100
+    roots = _roots(listed, dataset)
+    _layout.check_place(dataset)
     report = Report()
     begin = time.monotonic()
     with _manifest.locked(dataset):
         manifest = _load(dataset, tz)
         report.swept = _manifest.sweep(dataset, manifest)
-        plan = _plan(listed, pattern, dataset, manifest, report)
+        plan = _plan(roots, pattern, dataset, manifest, report)
         for name in plan.gone:
             manifest.drop(name)
         for name, size, modified in plan.touched:

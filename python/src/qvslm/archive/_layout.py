@@ -6,6 +6,7 @@ import re
 from collections import Counter
 from collections.abc import Collection, Iterator
 from datetime import UTC
+from pathlib import Path
 
 import numpy as np
 import pyarrow as pa
@@ -15,7 +16,7 @@ from numpy.typing import NDArray
 from .. import _core, _frames
 from .._file import Info, MeasurementFile, Rows
 from .._measurement import SAMPLE
-from .._records import RecordType, record_type
+from .._records import RECORD_TYPES, RecordType, record_type
 
 SAMPLES = "Samples"
 """The kind of the rows of the time history, a row a sample or marker."""
@@ -168,34 +169,25 @@ def _samples_table(
 class Samples:
     """The series of the time history, made a batch of records at a time.
 
-    A record tells its time in whole seconds; parts of a second come from the records before it. So
-    the records since the last one that begins with a whole second are kept for the next batch.
+    A record tells its time in whole seconds; parts of a second come from where the one before it
+    ended.
     """
 
     def __init__(self, path: str, tz: str | None) -> None:
         self._path = path
         self._tz = tz
-        self._tail = np.empty(0, record_type("TimeHistory").dtype)
+        self._end = np.nan
 
     def table(self, rows: Rows, first: int) -> pa.Table:
         """The samples of the records, which go on where those before ended.
 
         ``first`` is the number of the first of them in the file.
         """
-        known = len(self._tail)
-        # As bytes: of records NumPy would leave out what stands between the fields.
-        pieces = [np.ascontiguousarray(piece).view(np.uint8) for piece in (self._tail, rows)]
-        rows = np.concatenate(pieces).view(rows.dtype)
-        series = _core.series(rows.view(np.uint8)).view(SAMPLE)
-        counts = np.minimum(rows["EntryCount"].astype(np.int64), _ENTRIES)
-        begins = np.concatenate([[0], np.cumsum(counts)])
-        begin = series["time"][np.minimum(begins[:-1], max(len(series) - 1, 0))].view(np.int64)
-        whole = begin == rows["RecordTime"].astype(np.int64) * 1_000_000
-        anchors = np.flatnonzero((counts > 0) & whole)
-        self._tail = rows[anchors[-1] if len(anchors) else 0 :].copy()
-        numbers = np.arange(first, first + len(rows) - known, dtype=np.int32)
+        entries, self._end = _core.series(np.ascontiguousarray(rows).view(np.uint8), self._end)
+        counts = np.minimum(rows["EntryCount"], _ENTRIES)
+        numbers = np.arange(first, first + len(rows), dtype=np.int32)
         return _samples_table(
-            series[begins[known] :], np.repeat(numbers, counts[known:]), self._path, self._tz
+            entries.view(SAMPLE), np.repeat(numbers, counts), self._path, self._tz
         )
 
 
@@ -204,6 +196,23 @@ def schema(kind: str, tz: str | None) -> pa.Schema:
     if kind == SAMPLES:
         return _samples_table(np.empty(0, SAMPLE), np.empty(0, np.int32), "", tz).schema
     return records_table(kind, np.empty(0, record_type(kind).dtype), "", _NOBODY, tz).schema
+
+
+def check_place(dataset: Path) -> None:
+    """Raises ``ValueError`` below a folder that engines would take for a column of the rows.
+
+    They read ``month=2024-06`` in a path wherever in it that stands, in place of the rows' own.
+    """
+    named = {part.partition("=")[0].lower(): part for part in dataset.parts if "=" in part}
+    if not named:
+        return
+    columns = {"kind", "instrument", "month"}
+    for kind in [*RECORD_TYPES, SAMPLES]:
+        columns.update(name.lower() for name in schema(kind, None).names)
+    taken = sorted(columns & named.keys())
+    if taken:
+        told = f"engines would take {named[taken[0]]} for the column of that name"
+        raise ValueError(f"{dataset}: {told}")
 
 
 def tables(

@@ -9,6 +9,7 @@ import contextlib
 import gc
 import json
 import os
+import re
 from collections import defaultdict
 from collections.abc import Iterator
 from pathlib import Path
@@ -20,6 +21,10 @@ from ._dataset_files import FOLDER, WHOLE, File, Merged, Part, Place, files_of, 
 NAME = "manifest.parquet"
 _KEY = b"qvslm.archive"
 _LAYOUT = 2
+# What has another name was not written by this package.
+_OWN = re.compile(
+    rf"{FOLDER}/kind=[^/]+/instrument=[^/]+/month=[^/]+/\.?\d{{8}}-[0-9a-f]{{16}}(-\d+)?\.parquet"
+)
 
 
 def zone_of(dataset: str | os.PathLike[str]) -> str | None:
@@ -128,14 +133,16 @@ def _uncollected() -> Iterator[None]:
 
 
 def sweep(dataset: Path, manifest: Manifest) -> int:
-    """Removes Parquet files that the manifest does not name, and folders without a file."""
+    """Removes Parquet files of datasets that the manifest does not name, and empty folders."""
     named = {path_of(place) for place in {part.place for part in manifest.parts()}}
     removed = 0
     for folder, _, names in os.walk(dataset / FOLDER, topdown=False):
         for name in names:
             path = Path(folder, name)
-            if path.relative_to(dataset).as_posix() not in named:
-                path.unlink()
+            told = path.relative_to(dataset).as_posix()
+            if told not in named and _OWN.fullmatch(told):
+                # A worker of a run that was killed may still be renaming it.
+                path.unlink(missing_ok=True)
                 removed += 1
         with contextlib.suppress(OSError):
             Path(folder).rmdir()

@@ -112,9 +112,9 @@ class _Input:
             self.keys = _layout.keys(self.table)
         return True
 
-    def take(self, last: int) -> tuple[pa.Table, NDArray[np.int64]]:
-        """The rows at hand up to a time."""
-        count = int(np.searchsorted(self.keys, last, "right"))
+    def take(self, last: int, with_last: bool) -> tuple[pa.Table, NDArray[np.int64]]:
+        """The rows at hand up to a time, with those of that time or without."""
+        count = int(np.searchsorted(self.keys, last, "right" if with_last else "left"))
         taken = self.table.slice(0, count), self.keys[:count]
         self.table, self.keys = self.table.slice(count), self.keys[count:]
         return taken
@@ -134,7 +134,12 @@ def _in_order(inputs: list[_Input]) -> Iterator[tuple[pa.Table, int]]:
             last = int(item.keys[-1]) if last is None else min(last, int(item.keys[-1]))
         assert last is not None
         at_hand.sort(key=lambda item: item.number)
-        taken = [item.take(last) for item in at_hand]
+        taken, has_more = [], False
+        for item in at_hand:
+            # One that ends with that time may have more of it, which come before those of others.
+            ends = int(item.keys[-1]) == last
+            taken.append(item.take(last, not has_more))
+            has_more = has_more or ends
         at_hand = [item for item in at_hand if item.fill()]
         table = pa.concat_tables([rows for rows, keys in taken if len(keys) > 0])
         if sum(len(keys) > 0 for _, keys in taken) > 1:

@@ -60,6 +60,7 @@ def open(dataset: str | os.PathLike[str]) -> "duckdb.DuckDBPyConnection":
     import duckdb
 
     folder = Path(dataset).absolute()
+    _layout.check_place(folder)
     tz = zone_of(folder)
     connection = duckdb.connect()
     if tz is not None:
@@ -91,6 +92,11 @@ def open(dataset: str | os.PathLike[str]) -> "duckdb.DuckDBPyConnection":
     return connection
 
 
+def _is_there(level: str) -> str:
+    """Whether a record has a level. NaN, which DuckDB sorts above all numbers, is none."""
+    return f"{_name(level)} IS NOT NULL AND NOT isnan({_name(level)}::DOUBLE)"
+
+
 def energy_means(
     connection: "duckdb.DuckDBPyConnection",
     level: str,
@@ -112,7 +118,7 @@ def energy_means(
     return connection.sql(
         f"SELECT instrument, {begin} AS {_name(each)}, count(*) AS records,"
         f" 10 * log10(avg(pow(10, {_name(level)}::DOUBLE / 10))) AS Leq, {percentiles}"
-        f" FROM {_name(records)} WHERE {_name(level)} IS NOT NULL"
+        f" FROM {_name(records)} WHERE {_is_there(level)}"
         " GROUP BY ALL ORDER BY ALL"
     )
 
@@ -120,7 +126,10 @@ def energy_means(
 def gaps(
     connection: "duckdb.DuckDBPyConnection", longest: float, records: str = "Interval"
 ) -> "duckdb.DuckDBPyRelation":
-    """Where more than so many seconds lie between two records of an instrument."""
+    """Where more than so many seconds lie between the times of two records of an instrument.
+
+    Times are those at which records start: ``longest`` is no less than their length.
+    """
     return connection.sql(
         "SELECT * FROM (SELECT instrument, time AS last,"
         " lead(time) OVER (PARTITION BY instrument ORDER BY time) AS next,"
@@ -138,6 +147,6 @@ def loudest_events(
     """The records with the highest values of a level, the loudest first."""
     return connection.sql(
         f"SELECT instrument, time, {_name(level)}, file FROM {_name(records)}"
-        f" WHERE {_name(level)} IS NOT NULL"
+        f" WHERE {_is_there(level)}"
         f" ORDER BY {_name(level)} DESC, time, instrument LIMIT {int(count)}"
     )

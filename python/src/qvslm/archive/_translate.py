@@ -119,8 +119,12 @@ def translate(path: str, name: str, dataset: str, tz: str | None) -> File:
     except DatasetError:
         raise
     except (Error, OSError, ValueError, pa.ArrowException) as fault:
-        row.reason = fault.text if isinstance(fault, Error) else str(fault)
+        # The name of the file is in it.
+        row.reason = shown(fault.text if isinstance(fault, Error) else str(fault))
         row.offset = fault.offset if isinstance(fault, Error) else None
+        if isinstance(fault, OSError):
+            # The next run tries again.
+            row.fingerprint = ""
         return row
     for key, value in _identity(info).items():
         setattr(row, key, value)
